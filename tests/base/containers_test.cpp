@@ -311,4 +311,48 @@ TEST_F(ContainersTest, MapHandsOutItsAssociations) {
     EXPECT_EQ(map.PLookup("c"), nullptr);
 }
 
+TEST_F(ContainersTest, TextContainersTakePlainText) {
+    CStringArray array{L"b", L"a"};
+    array.Add(L"c");
+    array.InsertAt(0, array[2]);
+    array.Sort();
+    CArray<CString>& plain = array;
+    EXPECT_EQ(plain[3], L"c");
+    const CStringArray copy = array;
+    EXPECT_EQ(copy.Find(L"b"), 1);
+
+    CStringList list;
+    list.AddTail(L"x");
+    list.AddHead(copy[0]);
+    EXPECT_EQ(list.Find(L"x"), list.GetTailPosition());
+    EXPECT_EQ(list.Find(L"X"), nullptr);
+}
+
+TEST_F(ContainersTest, TextMapKeepsEmbeddedZerosAndCaseApart) {
+    CMapStringToString map;
+    const CString zero(L"a\0b", 3);
+    map.SetAt(L"a", L"plain");
+    map.SetAt(zero, map[L"a"]);
+    map.SetAt(L"A", L"upper");
+    map.SetAt(L"", L"empty");
+    for (int i = 0; i < 1000; ++i) {
+        const CString key((L"key " + std::to_wstring(i)).c_str());
+        map[key] = key;
+    }
+    EXPECT_EQ(map.GetCount(), 1004);
+
+    CString value = L"kept";
+    EXPECT_FALSE(map.Lookup(L"b", value));
+    EXPECT_EQ(value, L"kept");
+    EXPECT_TRUE(map.Lookup(zero, value) && value == L"plain");
+    EXPECT_TRUE(map.Lookup(std::wstring_view(L"A+").substr(0, 1), value) && value == L"upper");
+    EXPECT_TRUE(map.Lookup(L"", value) && value == L"empty");
+    EXPECT_TRUE(map.Lookup(L"key 999", value) && value == L"key 999");
+    const wchar_t* stored = nullptr;
+    EXPECT_TRUE(map.LookupKey(L"key 7", stored) && CString(stored) == L"key 7");
+    EXPECT_TRUE(map.RemoveKey(zero) && !map.RemoveKey(zero) && map.RemoveKey(L"a"));
+    EXPECT_EQ(map.PGetFirstAssoc()->key, L"A");
+    EXPECT_EQ(map.PGetNextAssoc(map.PLookup(L"key 998"))->value, L"key 999");
+}
+
 }  // namespace
