@@ -6,9 +6,10 @@ add_library(nexo_flags INTERFACE)
 target_compile_options(nexo_flags INTERFACE
     -ffp-contract=off -Wall -Wextra -Wconversion -Wshadow
     $<$<BOOL:${NEXO_WERROR}>:-Werror>)
+set(NEXO_SANITIZE_FLAGS)
 if(NEXO_SANITIZE)
-    target_compile_options(nexo_flags INTERFACE
-        -fsanitize=${NEXO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    set(NEXO_SANITIZE_FLAGS -fsanitize=${NEXO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(nexo_flags INTERFACE ${NEXO_SANITIZE_FLAGS})
     target_link_options(nexo_flags INTERFACE -fsanitize=${NEXO_SANITIZE})
 endif()
 if(NEXO_FUZZ)
