@@ -9,6 +9,7 @@
 
 #include "nexo/base/CharClass.h"
 #include "nexo/base/CodeUnits.h"
+#include "nexo/base/TextSlab.h"
 
 namespace nexo {
 namespace {
@@ -117,8 +118,10 @@ Ch* BasicString<Ch>::Make(const Ch* text, std::size_t length) {
 }
 
 template <class Ch>
-Ch* BasicString<Ch>::CopyOf(const BasicString& other) {
-    return Make(other.text_, other.Header()->length);
+Ch* BasicString<Ch>::ShareUncounted(const BasicString& other) {
+    if (other.Header()->refs == kLockedText) return Make(other.text_, other.Header()->length);
+    if (other.Header()->refs == kSlabText) ShareSlabText(other.Header());
+    return other.text_;
 }
 
 template <class Ch>
@@ -133,10 +136,10 @@ template <class Ch>
 Ch* BasicString<Ch>::Writable(std::size_t room) {
     StringHeader* const header = Header();
     const bool alone = IsAlone();
-    if (alone && room <= Room(header)) return text_;
+    if (alone && room <= header->capacity) return text_;
     const std::size_t length = header->length;
     if (room > length) room = std::max(room, std::min<std::size_t>(length + length / 2, kMaxTextLength));
-    if (alone && !(header->capacity & kSlabText)) {
+    if (alone) {
         text_ = reinterpret_cast<Ch*>(Reallocate<Ch>(header, room) + 1);
         return text_;
     }
@@ -158,7 +161,7 @@ void BasicString<Ch>::SetLength(std::size_t length) noexcept {
 template <class Ch>
 void BasicString<Ch>::AssignUnits(const Ch* text, std::size_t length) {
     if (length == 0) return Empty();
-    if (!IsAlone() || Room(Header()) < length) return Become(Make(text, length));
+    if (!IsAlone() || Header()->capacity < length) return Become(Make(text, length));
     Traits<Ch>::move(text_, text, length);
     SetLength(length);
 }
@@ -553,8 +556,7 @@ void BasicString<Ch>::Preallocate(int length) {
 template <class Ch>
 void BasicString<Ch>::FreeExtra() {
     StringHeader* const header = Header();
-    const bool onHeap = IsAlone() && !(header->capacity & kSlabText);
-    if (!onHeap || RoundedRoom<Ch>(header->length) >= header->capacity) return;
+    if (!IsAlone() || RoundedRoom<Ch>(header->length) >= header->capacity) return;
     text_ = reinterpret_cast<Ch*>(Reallocate<Ch>(header, header->length) + 1);
 }
 

@@ -193,7 +193,7 @@ public:
     // The buffer
 
     /// Characters the block has room for.
-    [[nodiscard]] int GetAllocLength() const noexcept { return static_cast<int>(Room(Header())); }
+    [[nodiscard]] int GetAllocLength() const noexcept { return static_cast<int>(Header()->capacity); }
     void Preallocate(int length);
     /// Gives up room that the text does not need.
     void FreeExtra();
@@ -214,6 +214,9 @@ public:
     [[nodiscard]] static BasicString Adopt(StringHeader* header) noexcept {
         return BasicString(AdoptTag(), header);
     }
+
+    /// Gives the block up without releasing it; the string is "" then. The counterpart of Adopt().
+    StringHeader* Detach() noexcept { return HeaderOf(std::exchange(text_, EmptyText())); }
 
     // Joining
 
@@ -272,19 +275,14 @@ private:
         return text ? std::char_traits<Ch>::length(text) : 0;
     }
     static StringHeader* HeaderOf(Ch* text) noexcept { return reinterpret_cast<StringHeader*>(text) - 1; }
-    static std::uint32_t Room(const StringHeader* header) noexcept { return header->capacity & ~kSlabText; }
     static bool NeedsSplitting(Ch character) noexcept {
         return sizeof(Ch) > 1 && static_cast<std::uint32_t>(character) > 0xFFFF;
     }
     StringHeader* Header() const noexcept { return HeaderOf(text_); }
 
     static Ch* Share(const BasicString& other) {
-        const int refs = __atomic_load_n(&other.Header()->refs, __ATOMIC_RELAXED);
-        if (refs > 0) {
-            AddRef(other.Header());
-        } else if (refs == kLockedText) {
-            return CopyOf(other);
-        }
+        if (__atomic_load_n(&other.Header()->refs, __ATOMIC_RELAXED) <= 0) return ShareUncounted(other);
+        AddRef(other.Header());
         return other.text_;
     }
     static void Release(Ch* text) noexcept {
@@ -293,7 +291,7 @@ private:
     void Become(Ch* text) noexcept { Release(std::exchange(text_, text)); }
 
     static Ch Convert(Other character) noexcept;
-    static Ch* CopyOf(const BasicString& other);
+    static Ch* ShareUncounted(const BasicString& other);
     static Ch* Make(const Ch* text, std::size_t length);
     static BasicString Joined(StringView a, const BasicString& b);
     static BasicString Joined(const Ch* a, const BasicString& b) {

@@ -10,7 +10,7 @@ constinit const EmptyTextBlock<wchar_t> kEmptyWideText = {{kStaticText, 0, 0}, 0
 constinit const EmptyTextBlock<char> kEmptyNarrowText = {{kStaticText, 0, 0}, 0};
 
 void FreeText(StringHeader* header) noexcept {
-    if (header->capacity & kSlabText) return ReleaseSlabText(header);
+    if (header->refs == kSlabText) return ReleaseSlabText(header);
     std::free(header);
 }
 

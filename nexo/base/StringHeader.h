@@ -16,7 +16,7 @@ namespace nexo {
 struct StringHeader {
     int refs;                ///< number of owners, or one of the negative marks below
     std::uint32_t length;    ///< code units in use
-    std::uint32_t capacity;  ///< code units the block has room for; the top bit is kSlabText
+    std::uint32_t capacity;  ///< code units the block has room for
 };
 static_assert(sizeof(StringHeader) == 12);
 
@@ -24,8 +24,8 @@ static_assert(sizeof(StringHeader) == 12);
 inline constexpr int kLockedText = -1;
 /// `refs` of a constant block: never counted, written or released.
 inline constexpr int kStaticText = INT_MIN;
-/// Top bit of `capacity`: the block lies in a text slab and goes back through ReleaseSlabText().
-inline constexpr std::uint32_t kSlabText = 0x80000000u;
+/// `refs` of a block in a text slab: never written; its slab counts the owners of all blocks together.
+inline constexpr int kSlabText = INT_MIN + 1;
 /// The longest text in code units.
 inline constexpr std::uint32_t kMaxTextLength = 0x7FFFFFFFu;
 
@@ -39,14 +39,16 @@ inline void AddRef(StringHeader* header) noexcept {
     __gnu_cxx::__atomic_add_dispatch(&header->refs, 1);
 }
 
-/// Takes one owner away and tells whether it was the last one. A sole owner pays no locked instruction.
+/// Takes one owner away and tells whether the block goes to FreeText(): it was the last owner, or the slab
+/// counts it. A sole owner pays no locked instruction.
 inline bool DropRef(StringHeader* header) noexcept {
     const int refs = LoadRefs(header);
-    if (refs == 1 || refs == kLockedText) return true;
-    return refs > 0 && __gnu_cxx::__exchange_and_add_dispatch(&header->refs, -1) == 1;
+    if (refs == 1) return true;
+    if (refs > 0) return __gnu_cxx::__exchange_and_add_dispatch(&header->refs, -1) == 1;
+    return refs != kStaticText;
 }
 
-/// Frees a block that lost its last owner, on the heap or in its slab.
+/// Frees a block that lost its last owner, or tells its slab that it lost one.
 NEXO_API void FreeText(StringHeader* header) noexcept;
 
 /// The constant block that empty strings point to; it lives in the library so that it outlives every module.
