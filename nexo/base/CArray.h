@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <new>
@@ -159,9 +158,12 @@ public:
         return -1;
     }
     [[nodiscard]] bool Contains(const T& element) const { return Find(element) >= 0; }
-    /// Sorts ascending, or by `less`; equal elements keep their order.
-    template <class Less = std::less<>>
-    void Sort(Less less = {}) {
+    /// Sorts ascending, or by `less(a, b)`; equal elements keep their order.
+    void Sort() {
+        Sort([](const T& a, const T& b) { return a < b; });
+    }
+    template <class Less>
+    void Sort(Less less) {
         std::stable_sort(this->begin(), this->end(), less);
     }
 

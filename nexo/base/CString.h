@@ -245,6 +245,12 @@ public:
     friend bool operator==(const BasicString& a, StringView b) noexcept { return a.CompareUnits(b) == 0; }
     friend bool operator==(const BasicString& a, Ch b) noexcept { return a.CompareWith(&b, 1) == 0; }
     friend bool operator==(const BasicString& a, const Other* b) { return a == BasicString(b); }
+    // Also spelled out: std::less<> and std::ranges::less look for these names and would otherwise compare
+    // the pointers that both sides convert to.
+    friend bool operator<(const BasicString& a, const BasicString& b) noexcept { return a.Compare(b) < 0; }
+    friend bool operator>(const BasicString& a, const BasicString& b) noexcept { return a.Compare(b) > 0; }
+    friend bool operator<=(const BasicString& a, const BasicString& b) noexcept { return a.Compare(b) <= 0; }
+    friend bool operator>=(const BasicString& a, const BasicString& b) noexcept { return a.Compare(b) >= 0; }
     friend std::strong_ordering operator<=>(const BasicString& a, const BasicString& b) noexcept {
         return a.Compare(b) <=> 0;
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -317,9 +319,14 @@ TEST_F(ContainersTest, TextContainersTakePlainText) {
     array.InsertAt(0, array[2]);
     array.Sort();
     CArray<CString>& plain = array;
-    EXPECT_EQ(plain[3], L"c");
+    EXPECT_TRUE(plain[0] == L"a" && plain[1] == L"b" && plain[3] == L"c");
     const CStringArray copy = array;
     EXPECT_EQ(copy.Find(L"b"), 1);
+    // The standard's own orders must compare the texts and not the pointers they convert to.
+    array.Sort(std::greater<>());
+    EXPECT_TRUE(array[0] == L"c" && array[3] == L"a");
+    std::ranges::sort(array);
+    EXPECT_TRUE(array == copy);
 
     CStringList list;
     list.AddTail(L"x");
