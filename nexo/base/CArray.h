@@ -4,7 +4,9 @@
 // A growable array with checked indices. Lists of text are in nexo/base/Containers.h.
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <initializer_list>
 #include <memory>
 #include <new>
@@ -126,6 +128,10 @@ private:
     void CutTo(INT_PTR size) noexcept {
         std::destroy(m_data + size, m_data + m_size);
         m_size = size;
+    }
+    static void MoveBytes(T* to, const T* from, INT_PTR count) noexcept {
+        std::memmove(static_cast<void*>(to), static_cast<const void*>(from),
+                     static_cast<std::size_t>(count) * sizeof(T));
     }
     void RotateIn(INT_PTR index, INT_PTR count);
 
@@ -265,8 +271,15 @@ template <class T, class ARG>
 void CArray<T, ARG>::RemoveAt(INT_PTR index, INT_PTR count) {
     if (index < 0 || count < 0 || index > m_size || count > m_size - index) nexo::ThrowBadIndex();
     if (count == 0) return;
-    std::move(m_data + index + count, m_data + m_size, m_data + index);
-    CutTo(m_size - count);
+    T* const place = m_data + index;
+    if constexpr (nexo::kRelocatable<T>) {
+        std::destroy_n(place, count);
+        m_size -= count;
+        MoveBytes(place, place + count, m_size - index);
+    } else {
+        std::move(place + count, m_data + m_size, place);
+        CutTo(m_size - count);
+    }
 }
 
 /// Appends an element made from `element`, which may lie in this array: it is made before the memory moves.
@@ -288,7 +301,7 @@ template <class T, class ARG>
 void CArray<T, ARG>::Reallocate(INT_PTR capacity) {
     if (capacity == 0) {
         std::free(std::exchange(m_data, nullptr));
-    } else if constexpr (std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::max_align_t)) {
+    } else if constexpr (nexo::kRelocatable<T> && alignof(T) <= alignof(std::max_align_t)) {
         m_data = static_cast<T*>(nexo::ReallocateElements(m_data, capacity, sizeof(T)));
     } else {
         using Memory = std::unique_ptr<void, decltype(&std::free)>;
@@ -310,9 +323,15 @@ template <class T, class ARG>
 void CArray<T, ARG>::RotateIn(INT_PTR index, INT_PTR count) {
     T* const place = m_data + index;
     T* const last = m_data + m_size - 1;
+    if (place == last) return;
     if (count != 1) {
         std::rotate(place, m_data + m_size - count, m_data + m_size);
-    } else if (place != last) {
+    } else if constexpr (nexo::kRelocatable<T>) {
+        alignas(T) std::byte value[sizeof(T)];
+        std::memcpy(value, static_cast<const void*>(last), sizeof(T));
+        MoveBytes(place + 1, place, m_size - 1 - index);
+        std::memcpy(static_cast<void*>(place), value, sizeof(T));
+    } else {
         T value(std::move(*last));
         std::move_backward(place, last, last + 1);
         *place = std::move(value);

@@ -34,6 +34,8 @@ public:
     using Char = Ch;
     using Other = std::conditional_t<std::is_same_v<Ch, wchar_t>, char, wchar_t>;
     using StringView = std::basic_string_view<Ch>;
+    /// Containers may move strings to other memory by copying their bytes.
+    using TriviallyRelocatable = BasicString;
 
     // Construction
 

@@ -164,10 +164,15 @@ bool Writer::ConvertDate(wchar_t letter) {
 }
 
 void Writer::Number(std::int64_t value, int digits, wchar_t fill) {
-    const std::wstring text = std::to_wstring(value);
-    if (!m_short && static_cast<int>(text.size()) < digits)
-        m_text.append(static_cast<std::size_t>(digits) - text.size(), fill);
-    m_text += text;
+    wchar_t text[20];
+    wchar_t* const end = text + 20;
+    wchar_t* at = end;
+    for (std::uint64_t rest = static_cast<std::uint64_t>(value < 0 ? -value : value); rest > 0 || at == end;
+         rest /= 10)
+        *--at = static_cast<wchar_t>(L'0' + rest % 10);
+    if (value < 0) *--at = L'-';
+    while (!m_short && end - at < digits) *--at = fill;
+    m_text.append(at, end);
 }
 
 void Writer::ZoneDifference() {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <new>
 #include <string_view>
+#include <type_traits>
 
 #include "nexo/base/Export.h"
 #include "nexo/base/Types.h"
@@ -19,6 +20,15 @@ struct Link {
     Link* next;
     Link* prev;
 };
+
+/// Whether an object may be moved to other memory by copying its bytes and forgetting the old ones. A class
+/// that is not trivially copyable says so by a member type `TriviallyRelocatable` that names the class
+/// itself.
+template <class T>
+inline constexpr bool kRelocatable = std::is_trivially_copyable_v<T>;
+template <class T>
+requires std::is_same_v<typename T::TriviallyRelocatable, T>
+inline constexpr bool kRelocatable<T> = true;
 
 /// Throws std::invalid_argument: an index or a count lies outside the container.
 [[noreturn]] NEXO_API void ThrowBadIndex();

@@ -34,6 +34,12 @@ struct Probe {
     int number;
 };
 
+// The same for the paths that move elements as bytes.
+struct BytewiseProbe : Probe {
+    using TriviallyRelocatable = BytewiseProbe;
+    using Probe::Probe;
+};
+
 template <class Container>
 std::vector<int> Numbers(const Container& container) {
     std::vector<int> numbers;
@@ -52,7 +58,8 @@ protected:
 using Array = CArray<Probe>;
 using List = CList<Probe>;
 
-TEST_F(ContainersTest, ArrayInsertsAndRemovesLikeAVector) {
+template <class Array>
+void InsertAndRemoveLikeAVector() {
     struct Row {
         const char* name;
         void (*change)(Array&);
@@ -83,6 +90,11 @@ TEST_F(ContainersTest, ArrayInsertsAndRemovesLikeAVector) {
         row.change(array);
         EXPECT_EQ(Numbers(array), row.want);
     }
+}
+
+TEST_F(ContainersTest, ArrayInsertsAndRemovesLikeAVector) {
+    InsertAndRemoveLikeAVector<CArray<Probe>>();
+    InsertAndRemoveLikeAVector<CArray<BytewiseProbe>>();
 }
 
 TEST_F(ContainersTest, ArrayRefusesEveryBadIndexAndStaysAsItWas) {
