@@ -17,8 +17,10 @@ enum Error : unsigned int {
     kErrorAccessDenied = 5,  ///< no permission, a read-only file, or a directory where a file is wanted
     kErrorInvalidHandle = 6,
     kErrorNotEnoughMemory = 8,
-    kErrorNoMoreFiles = 18,       ///< end of an enumeration
-    kErrorWriteProtected = 19,    ///< the file system is mounted read-only
+    kErrorNotSameDevice = 17,
+    kErrorNoMoreFiles = 18,     ///< end of an enumeration
+    kErrorWriteProtected = 19,  ///< the file system is mounted read-only
+    kErrorGeneralFailure = 31,
     kErrorSharingViolation = 32,  ///< another process holds the file exclusively
     kErrorBadNetPath = 53,        ///< a UNC host that no mapping names
     kErrorFileExists = 80,        ///< "create new" or "fail if exists" met a file
@@ -34,6 +36,7 @@ enum Error : unsigned int {
     kErrorNoUnicodeTranslation = 1113,  ///< strict conversion met malformed text
     kErrorIoDevice = 1117,
     kErrorTooManyLinks = 1142,
+    kErrorCannotResolve = 1921,  ///< links that lead in a circle
 };
 
 /// Cause of the calling thread's last failure. A call that succeeds does not clear it unless it says so.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,7 +32,9 @@ public:
     };
 
     File() = default;
-    File(File&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    File(File&& other) noexcept
+        : descriptor_(std::exchange(other.descriptor_, -1)),
+          exclusive_(std::exchange(other.exclusive_, false)) {}
     File& operator=(File&& other) noexcept;
     ~File() { Close(); }
 
@@ -54,6 +57,7 @@ public:
 
 private:
     int descriptor_ = -1;
+    bool exclusive_ = false;
 };
 
 /// The new content of a file, written piece by piece and put in place by Commit; until then, and for good
@@ -75,7 +79,7 @@ public:
 
 private:
     struct State;
-    State* state_ = nullptr;
+    std::unique_ptr<State> state_;
 };
 
 }  // namespace nexo::platform
