@@ -167,7 +167,7 @@ void Writer::Number(std::int64_t value, int digits, wchar_t fill) {
     wchar_t text[20];
     wchar_t* const end = text + 20;
     wchar_t* at = end;
-    for (std::uint64_t rest = static_cast<std::uint64_t>(value < 0 ? -value : value); rest > 0 || at == end;
+    for (auto rest = static_cast<std::uint64_t>(value < 0 ? -value : value); rest > 0 || at == end;
          rest /= 10)
         *--at = static_cast<wchar_t>(L'0' + rest % 10);
     if (value < 0) *--at = L'-';

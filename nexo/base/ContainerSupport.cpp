@@ -10,7 +10,7 @@ namespace nexo {
 
 namespace {
 
-constexpr std::size_t kLargestBlock = 64 * 1024;
+constexpr std::size_t kLargestBlock = 65536;
 
 std::size_t BytesFor(INT_PTR count, std::size_t size) {
     std::size_t bytes = 0;
