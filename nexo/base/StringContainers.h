@@ -50,14 +50,16 @@ public:
     }
     /// Gives the map's own copy of the key, valid until that key is removed.
     bool LookupKey(const wchar_t* key, const wchar_t*& stored) const {
-        const Node* const node = Find(ViewOf(key));
-        if (node) stored = node->pair.key;
-        return node != nullptr;
+        const CPair* const pair = PLookup(key);
+        if (pair) stored = pair->key;
+        return pair != nullptr;
     }
     /// The association itself, null when the key is missing; valid until that key is removed.
-    [[nodiscard]] const CPair* PLookup(const wchar_t* key) const { return PairOf(Find(ViewOf(key))); }
-    [[nodiscard]] CPair* PLookup(const wchar_t* key) { return PairOf(Find(ViewOf(key))); }
+    [[nodiscard]] const CPair* PLookup(const wchar_t* key) const { return PLookup(ViewOf(key)); }
+    [[nodiscard]] const CPair* PLookup(const CString& key) const { return PLookup(key.View()); }
     [[nodiscard]] const CPair* PLookup(std::wstring_view key) const { return PairOf(Find(key)); }
+    [[nodiscard]] CPair* PLookup(const wchar_t* key) { return PLookup(ViewOf(key)); }
+    [[nodiscard]] CPair* PLookup(const CString& key) { return PLookup(key.View()); }
     [[nodiscard]] CPair* PLookup(std::wstring_view key) { return PairOf(Find(key)); }
 
     /// The value of the key, which is added with "" when missing.

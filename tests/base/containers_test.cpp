@@ -363,7 +363,7 @@ TEST_F(ContainersTest, TextMapKeepsEmbeddedZerosAndCaseApart) {
     CString value = L"kept";
     EXPECT_FALSE(map.Lookup(L"b", value));
     EXPECT_EQ(value, L"kept");
-    EXPECT_TRUE(map.Lookup(zero, value) && value == L"plain");
+    EXPECT_TRUE(map.Lookup(zero, value) && value == L"plain" && map.PLookup(zero)->key == zero);
     EXPECT_TRUE(map.Lookup(std::wstring_view(L"A+").substr(0, 1), value) && value == L"upper");
     EXPECT_TRUE(map.Lookup(L"", value) && value == L"empty");
     EXPECT_TRUE(map.Lookup(L"key 999", value) && value == L"key 999");

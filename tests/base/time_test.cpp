@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdlib>
 #include <limits>
 
 #include "nexo/base/Calendar.h"
+#include "support/LocaleScope.h"
 
 namespace {
 
@@ -112,7 +112,7 @@ TEST_F(TimeTest, OutsideTheCalendarAnswersAreDefined) {
 }
 
 TEST_F(TimeTest, FormatUsesItsOwnNamesAndPrintsTheUnknown) {
-    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    const LocaleScope german("de_DE.UTF-8");
     const CTime time(2024, 3, 5, 8, 5, 9);
     const struct Row {
         const wchar_t *format, *want;
@@ -128,7 +128,6 @@ TEST_F(TimeTest, FormatUsesItsOwnNamesAndPrintsTheUnknown) {
         {nullptr, L""},
     };
     for (const Row& row : rows) EXPECT_EQ(time.Format(row.format), row.want);
-    std::setlocale(LC_ALL, "C");
 }
 
 TEST_F(TimeTest, FileStampsAreCutToSeconds) {
