@@ -14,7 +14,7 @@ struct LocalTime {
     int day = 1;    ///< 1 to 31
     int hour = 0;
     int minute = 0;
-    int second = 0;  ///< 0 to 59; 60 in a leap second
+    int second = 0;  ///< 0 to 59
 };
 
 /// The local time of a second since 1970-01-01 UTC, by the daylight rule of that date; all zero when the time
