@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "nexo/base/CString.h"
-#include "nexo/text/Base64Avx2.h"
 #include "nexo/text/Base64Kernels.h"
 
 namespace {
@@ -121,17 +120,9 @@ const Base64Kernel& Kernel() {
     return *kernel;
 }
 
-std::size_t Span(const char* in, std::size_t n) {
-    return Kernel().span(in, n);
-}
-std::size_t Span(const wchar_t* in, std::size_t n) {
-    return Kernel().spanWide(in, n);
-}
-
-/// Whether the `n` characters can be decoded, as the result of `decode`.
+/// Whether the `n` characters, of which the first `good` are of the alphabet, can be decoded.
 template <class Ch>
-Result Check(const Ch* in, std::size_t n) {
-    std::size_t good = Span(in, n);
+Result Check(const Ch* in, std::size_t n, std::size_t good) {
     while (good < n && Value(in[good]) != noValue) ++good;
     if (n % 4 != 0) return eLength;
     if (good == n) return eOk;
@@ -170,17 +161,15 @@ std::size_t Nothing(const wchar_t*, std::size_t, wchar_t*) {
 std::size_t Nothing(const char*, std::size_t) {
     return 0;
 }
-std::size_t Nothing(const wchar_t*, std::size_t) {
-    return 0;
-}
 std::size_t Nothing(const char*, std::size_t, unsigned char*) {
     return 0;
 }
 
 std::vector<Base64Kernel> MakeKernels() {
-    std::vector<Base64Kernel> kernels;
-    if (const Base64Kernel* avx2 = nexo::Base64Avx2()) kernels.push_back(*avx2);
-    kernels.push_back({"plain", Nothing, Nothing, Nothing, Nothing, Nothing, Nothing});
+    std::vector<Base64Kernel> kernels = {{"plain", Nothing, Nothing, Nothing, Nothing, Nothing}};
+    nexo::AddBase64Avx2(kernels);
+    nexo::AddBase64Avx512(kernels);
+    std::reverse(kernels.begin(), kernels.end());
     return kernels;
 }
 
@@ -227,7 +216,7 @@ int decode(const char* in, unsigned char* out, int& n) {
     if (!in || !out) return eNullPointer;
     const std::size_t size = std::strlen(in);
     if (size / 4 > INT_MAX / 3) return eLength;
-    if (const Result fault = Check(in, size); fault != eOk) return fault;
+    if (const Result fault = Check(in, size, Kernel().span(in, size)); fault != eOk) return fault;
 
     const std::size_t done = Kernel().decode(in, Unpadded(in, size), out);
     const unsigned char* end = DecodeCharacters(in + done, size - done, out + done / 4 * 3);
@@ -254,13 +243,17 @@ bool decode_string(const CString& in, CString& out) {
     const CString source = in;
     out.Empty();
     const wchar_t* from = source.GetString();
-    const std::size_t size = std::char_traits<wchar_t>::length(from);
-    if (Check(from, size) != eOk) return false;
+    const auto most = static_cast<std::size_t>(source.GetLength());
+    wchar_t* to = out.GetBuffer(static_cast<int>(most / 8 * 3 + 3));
+    const std::size_t done = Kernel().decodeWide(from, most, to);
 
-    const std::size_t most = size / 8 * 3 + 3;
-    wchar_t* to = out.GetBuffer(static_cast<int>(most));
-    const std::size_t done = Kernel().decodeWide(from, Unpadded(from, size), to);
-    const wchar_t* end = DecodeIntoUnits(from + done, size - done, to + done / 8 * 3);
+    // What the kernel has taken holds neither a zero nor padding.
+    const std::size_t rest = std::char_traits<wchar_t>::length(from + done);
+    if (Check(from + done, rest, std::size_t{0}) != eOk) {
+        out.Empty();
+        return false;
+    }
+    const wchar_t* end = DecodeIntoUnits(from + done, rest, to + done / 8 * 3);
     out.ReleaseBufferSetLength(static_cast<int>(end - to));
     return true;
 }

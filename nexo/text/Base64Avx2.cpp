@@ -1,8 +1,10 @@
-#include "nexo/text/Base64Avx2.h"
+#include "nexo/text/Base64Kernels.h"
 
 #if defined(__x86_64__)
 
 #include <immintrin.h>
+
+#include <cstdint>
 
 #define NEXO_AVX2 __attribute__((target("avx2")))
 
@@ -39,27 +41,30 @@ NEXO_AVX2 inline __m256i EncodeBlock(__m256i bytes) {
                                            _mm256_set1_epi32(0x01000010));
     const __m256i values = _mm256_or_si256(even, odd);
 
-    // What to add to a value depends on its range: 0 for a..z, 1..10 for 0..9, 11 "+", 12 "/", 13 for A..Z.
-    const __m256i range = _mm256_or_si256(
-        _mm256_subs_epu8(values, _mm256_set1_epi8(51)),
-        _mm256_and_si256(_mm256_cmpgt_epi8(_mm256_set1_epi8(26), values), _mm256_set1_epi8(13)));
+    // What to add to a value depends on its range: 0 for A..Z, 1 for a..z, 2 to 11 for 0..9, 12 "+", 13 "/".
+    const __m256i aboveUpper = _mm256_cmpgt_epi8(values, _mm256_set1_epi8(25));
+    const __m256i range = _mm256_sub_epi8(_mm256_subs_epu8(values, _mm256_set1_epi8(51)), aboveUpper);
     const __m256i distance =
-        SameHalves(_mm_setr_epi8('a' - 26, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52,
-                                 '0' - 52, '0' - 52, '0' - 52, '0' - 52, '+' - 62, '/' - 63, 'A', 0, 0));
+        SameHalves(_mm_setr_epi8('A', 'a' - 26, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52,
+                                 '0' - 52, '0' - 52, '0' - 52, '0' - 52, '+' - 62, '/' - 63, 0, 0));
     return _mm256_add_epi8(values, _mm256_shuffle_epi8(distance, range));
 }
 
-/// Whether each character is of the alphabet. A character is refused when the bit of its high half is among
-/// the bits of its low half; the bits stand for the high halves with the same set of allowed low halves.
-NEXO_AVX2 inline bool IsAlphabet(__m256i text) {
+/// Not zero at every character that is not of the alphabet: where the bit of its high half is among the bits
+/// of its low half. The bits stand for the high halves with the same set of allowed low halves.
+NEXO_AVX2 inline __m256i Faults(__m256i text) {
     const __m256i ofLow = SameHalves(_mm_setr_epi8(0x15, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11,
                                                    0x13, 0x1A, 0x1B, 0x1B, 0x1B, 0x1A));
     const __m256i ofHigh = SameHalves(_mm_setr_epi8(0x10, 0x10, 0x01, 0x02, 0x04, 0x08, 0x04, 0x08, 0x10,
                                                     0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10));
     const __m256i nibble = _mm256_set1_epi8(0x0F);
-    const __m256i low = _mm256_shuffle_epi8(ofLow, _mm256_and_si256(text, nibble));
-    const __m256i high = _mm256_shuffle_epi8(ofHigh, _mm256_and_si256(_mm256_srli_epi32(text, 4), nibble));
-    return _mm256_testz_si256(low, high) != 0;
+    return _mm256_and_si256(
+        _mm256_shuffle_epi8(ofLow, _mm256_and_si256(text, nibble)),
+        _mm256_shuffle_epi8(ofHigh, _mm256_and_si256(_mm256_srli_epi32(text, 4), nibble)));
+}
+
+NEXO_AVX2 inline bool NoFault(__m256i faults) {
+    return _mm256_testz_si256(faults, faults) != 0;
 }
 
 /// The 24 bytes that 32 characters of the alphabet stand for, in the first twelve of each half.
@@ -115,15 +120,17 @@ NEXO_AVX2 std::size_t EncodeWide(const wchar_t* in, std::size_t n, wchar_t* out)
     return done;
 }
 
-NEXO_AVX2 std::size_t Span(const char* in, std::size_t n) {
-    std::size_t done = 0;
-    while (n - done >= 32 && IsAlphabet(Load(in + done))) done += 32;
-    return done;
+NEXO_AVX2 inline bool IsAlphabet(const char* block) {
+    const __m256i first = _mm256_or_si256(Faults(Load(block)), Faults(Load(block + 32)));
+    const __m256i second = _mm256_or_si256(Faults(Load(block + 64)), Faults(Load(block + 96)));
+    return NoFault(_mm256_or_si256(first, second));
 }
 
-NEXO_AVX2 std::size_t SpanWide(const wchar_t* in, std::size_t n) {
-    std::size_t done = 0;
-    while (n - done >= 32 && IsAlphabet(NarrowUnits(in + done))) done += 32;
+NEXO_AVX2 std::size_t Span(const char* in, std::size_t n) {
+    if (n < 128 || !IsAlphabet(in)) return 0;
+    // From the next cache line on, which the first block has covered, no load touches two lines.
+    std::size_t done = 64 - reinterpret_cast<std::uintptr_t>(in) % 64;
+    while (n - done >= 128 && IsAlphabet(in + done)) done += 128;
     return done;
 }
 
@@ -140,8 +147,10 @@ NEXO_AVX2 std::size_t Decode(const char* in, std::size_t n, unsigned char* out) 
 NEXO_AVX2 std::size_t DecodeWide(const wchar_t* in, std::size_t n, wchar_t* out) {
     std::size_t done = 0;
     for (; n - done >= 32; done += 32, out += 12) {
-        const __m256i bytes = _mm256_permutevar8x32_epi32(DecodeBlock(NarrowUnits(in + done)),
-                                                          _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7));
+        const __m256i text = NarrowUnits(in + done);
+        if (!NoFault(Faults(text))) break;
+        const __m256i bytes =
+            _mm256_permutevar8x32_epi32(DecodeBlock(text), _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7));
         Store(out, _mm256_cvtepu16_epi32(_mm256_castsi256_si128(bytes)));
         _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8),
                          _mm_cvtepu16_epi32(_mm256_extracti128_si256(bytes, 1)));
@@ -149,12 +158,11 @@ NEXO_AVX2 std::size_t DecodeWide(const wchar_t* in, std::size_t n, wchar_t* out)
     return done;
 }
 
-constexpr Base64Kernel kernel = {"avx2", Encode, EncodeWide, Span, SpanWide, Decode, DecodeWide};
-
 }  // namespace
 
-const Base64Kernel* Base64Avx2() {
-    return __builtin_cpu_supports("avx2") ? &kernel : nullptr;
+void AddBase64Avx2(std::vector<Base64Kernel>& kernels) {
+    if (__builtin_cpu_supports("avx2"))
+        kernels.push_back({"avx2", Encode, EncodeWide, Span, Decode, DecodeWide});
 }
 
 }  // namespace nexo

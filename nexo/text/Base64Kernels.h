@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <span>
+#include <vector>
 
 #include "nexo/base/Export.h"
 
@@ -20,11 +21,11 @@ struct Base64Kernel {
     std::size_t (*encodeWide)(const wchar_t* in, std::size_t n, wchar_t* out);
     /// The length of a head of `in` that has no character outside of the alphabet.
     std::size_t (*span)(const char* in, std::size_t n);
-    std::size_t (*spanWide)(const wchar_t* in, std::size_t n);
     /// Writes 3 bytes for every 4 characters handled, all of which must be of the alphabet. `out` may be
     /// `in`.
     std::size_t (*decode)(const char* in, std::size_t n, unsigned char* out);
-    /// The same into code units: 3 for every 8 characters.
+    /// The same into code units, 3 for every 8 characters; stops before a character that is not of the
+    /// alphabet.
     std::size_t (*decodeWide)(const wchar_t* in, std::size_t n, wchar_t* out);
 };
 
@@ -34,6 +35,10 @@ NEXO_API std::span<const Base64Kernel> Base64Kernels();
 /// Makes the functions of Base64.h use another set, for tests and measurements. Not to be called while
 /// another thread encodes or decodes.
 NEXO_API void UseBase64Kernel(const Base64Kernel& kernel);
+
+/// Append the sets for wider registers that this processor can run to the slower ones.
+void AddBase64Avx2(std::vector<Base64Kernel>& kernels);
+void AddBase64Avx512(std::vector<Base64Kernel>& kernels);
 
 }  // namespace nexo
 
