@@ -1,0 +1,20 @@
+#ifndef NEXO_TEXT_HASHING_H
+#define NEXO_TEXT_HASHING_H
+
+#include "nexo/base/CString.h"
+#include "nexo/base/Export.h"
+
+/// MD5 of texts and files as 32 lower-case hexadecimal digits. For messages that come in pieces see Md5.h.
+/// All functions may be called from any thread.
+class NEXO_API CHashing {
+public:
+    /// The digest of the UTF-16LE bytes of `s`, two for each code unit.
+    ///
+    /// md5(L"") == L"d41d8cd98f00b204e9800998ecf8427e"
+    static CString md5(const CString& s);
+
+    /// The digest of the file's whole content; "" when the file cannot be opened or read to its end.
+    static CString md5_file(const CString& path);
+};
+
+#endif
