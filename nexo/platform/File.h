@@ -49,6 +49,9 @@ public:
     /// Writes all bytes, in one system call unless the system takes fewer at once.
     bool Write(std::string_view bytes);
 
+    /// As Write for a file opened with kAppend, and a write that fails half-way is taken back.
+    bool Append(std::string_view bytes);
+
     /// Bytes in the file, or -1.
     [[nodiscard]] std::int64_t Size() const;
 

@@ -82,6 +82,10 @@ bool File::Write(std::string_view bytes) {
     return WriteAll(descriptor_, bytes) || FailWithErrno();
 }
 
+bool File::Append(std::string_view bytes) {
+    return AppendAll(descriptor_, bytes) || FailWithErrno();
+}
+
 std::int64_t File::Size() const {
     struct stat status;
     if (fstat(descriptor_, &status) != 0) return FailWithErrno() ? 0 : -1;

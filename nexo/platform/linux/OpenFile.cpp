@@ -91,6 +91,16 @@ bool CopyInKernel(int from, int to, bool& failed) {
     }
 }
 
+// Cuts the last `written` bytes off again, unless somebody has written behind them; keeps errno.
+void TakeBack(int file, off_t written) {
+    const int error = errno;
+    struct stat status;
+    const off_t reached = lseek(file, 0, SEEK_CUR);
+    if (written > 0 && fstat(file, &status) == 0 && status.st_size == reached)
+        static_cast<void>(!ftruncate(file, reached - written));
+    errno = error;
+}
+
 }  // namespace
 
 bool Resolve(const wchar_t* path, std::string& native) {
@@ -158,6 +168,20 @@ bool WriteAll(int file, std::string_view bytes) {
         const ssize_t size = Retry([&] { return write(file, bytes.data(), bytes.size()); });
         if (size < 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(size));
+    }
+    return true;
+}
+
+bool AppendAll(int file, std::string_view bytes) {
+    off_t written = 0;
+    while (!bytes.empty()) {
+        const ssize_t size = Retry([&] { return write(file, bytes.data(), bytes.size()); });
+        if (size < 0) {
+            TakeBack(file, written);
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(size));
+        written += size;
     }
     return true;
 }

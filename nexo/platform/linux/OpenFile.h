@@ -50,6 +50,10 @@ void ForgetLock(int file);
 /// All bytes, or false with errno.
 bool WriteAll(int file, std::string_view bytes);
 
+/// All bytes at the end of a file that was opened for appending, or false with errno: what was written by
+/// then is taken back, unless somebody has written behind it.
+bool AppendAll(int file, std::string_view bytes);
+
 /// Copies from the current position of one file to that of the other, up to the end; false with errno.
 bool CopyContent(int from, int to, std::uint64_t expected);
 

@@ -27,24 +27,6 @@ bool ReadToEnd(int file, std::uint64_t expected, ByteBuffer& bytes) {
     }
 }
 
-// Appends at `end`; what was written before a failure is cut off again, unless another process wrote behind
-// it.
-bool AppendAll(int file, off_t end, std::string_view bytes) {
-    off_t reached = end;
-    while (!bytes.empty()) {
-        const ssize_t size = Retry([&] { return write(file, bytes.data(), bytes.size()); });
-        if (size < 0) break;
-        bytes.remove_prefix(static_cast<std::size_t>(size));
-        reached += size;
-    }
-    if (bytes.empty()) return true;
-    FailWithErrno();
-    struct stat status;
-    const bool alone = fstat(file, &status) == 0 && status.st_size == reached;
-    if (alone && reached > end && ftruncate(file, end) != 0) return FailWithErrno();
-    return false;
-}
-
 }  // namespace
 
 bool ReadWholeFile(const wchar_t* path, ByteBuffer& out) {
@@ -95,7 +77,7 @@ bool AppendToFile(const wchar_t* path, std::string_view bytes) {
     if (!file || fstat(file.Get(), &status) != 0) return FailWithErrno(native);
     if (!S_ISREG(status.st_mode)) return Fail(kErrorAccessDenied);
     if (IsLocked(file.Get(), LockTest::kWriting)) return Fail(kErrorSharingViolation);
-    return AppendAll(file.Get(), status.st_size, bytes);
+    return AppendAll(file.Get(), bytes) || FailWithErrno();
 }
 
 }  // namespace nexo::platform
