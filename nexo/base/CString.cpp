@@ -9,6 +9,7 @@
 
 #include "nexo/base/CharClass.h"
 #include "nexo/base/CodeUnits.h"
+#include "nexo/base/MoveUnits.h"
 #include "nexo/base/TextSlab.h"
 
 namespace nexo {
@@ -111,7 +112,7 @@ Ch* BasicString<Ch>::Make(const Ch* text, std::size_t length) {
     if (length == 0) return EmptyText();
     StringHeader* const header = Allocate<Ch>(length);
     Ch* const made = reinterpret_cast<Ch*>(header + 1);
-    Traits<Ch>::copy(made, text, length);
+    MoveUnits(made, text, length);
     made[length] = 0;
     header->length = static_cast<std::uint32_t>(length);
     return made;
@@ -122,12 +123,6 @@ Ch* BasicString<Ch>::ShareUncounted(const BasicString& other) {
     if (other.Header()->refs == kLockedText) return Make(other.text_, other.Header()->length);
     if (other.Header()->refs == kSlabText) ShareSlabText(other.Header());
     return other.text_;
-}
-
-template <class Ch>
-bool BasicString<Ch>::IsAlone() const noexcept {
-    const int refs = LoadRefs(Header());
-    return refs == 1 || refs == kLockedText;
 }
 
 /// The buffer, owned by this string alone and with room for `room` characters; the text stays. A buffer that
@@ -144,7 +139,7 @@ Ch* BasicString<Ch>::Writable(std::size_t room) {
         return text_;
     }
     StringHeader* const fresh = Allocate<Ch>(std::max(room, length));
-    Traits<Ch>::copy(reinterpret_cast<Ch*>(fresh + 1), text_, length + 1);
+    MoveUnits(reinterpret_cast<Ch*>(fresh + 1), text_, length + 1);
     fresh->length = static_cast<std::uint32_t>(length);
     if (header->refs == kLockedText) fresh->refs = kLockedText;
     Become(reinterpret_cast<Ch*>(fresh + 1));
@@ -152,17 +147,10 @@ Ch* BasicString<Ch>::Writable(std::size_t room) {
 }
 
 template <class Ch>
-void BasicString<Ch>::SetLength(std::size_t length) noexcept {
-    if (Header()->refs == kStaticText) return;
-    Header()->length = static_cast<std::uint32_t>(length);
-    text_[length] = 0;
-}
-
-template <class Ch>
 void BasicString<Ch>::AssignUnits(const Ch* text, std::size_t length) {
     if (length == 0) return Empty();
     if (!IsAlone() || Header()->capacity < length) return Become(Make(text, length));
-    Traits<Ch>::move(text_, text, length);
+    MoveUnits(text_, text, length);
     SetLength(length);
 }
 
@@ -185,7 +173,7 @@ void BasicString<Ch>::AppendUnits(const Ch* text, std::size_t length) {
     const bool inside = Holds(text);
     const std::size_t offset = inside ? static_cast<std::size_t>(text - text_) : 0;
     Ch* const buffer = Writable(old + length);
-    Traits<Ch>::move(buffer + old, inside ? buffer + offset : text, length);
+    MoveUnits(buffer + old, inside ? buffer + offset : text, length);
     SetLength(old + length);
 }
 
@@ -399,8 +387,8 @@ int BasicString<Ch>::InsertForeign(int index, StringView text) {
     const std::size_t length = Header()->length;
     const auto at = static_cast<std::size_t>(std::clamp(index, 0, GetLength()));
     Ch* const buffer = Writable(length + count);
-    Traits<Ch>::move(buffer + at + count, buffer + at, length - at);
-    Traits<Ch>::copy(buffer + at, inserted.View().data(), count);
+    MoveUnits(buffer + at + count, buffer + at, length - at);
+    MoveUnits(buffer + at, inserted.View().data(), count);
     SetLength(length + count);
     return GetLength();
 }
@@ -412,7 +400,7 @@ int BasicString<Ch>::Delete(int index, int count) {
     if (taken == 0) return GetLength();
     const int kept = GetLength() - taken;
     Ch* const buffer = Writable(Header()->length);
-    Traits<Ch>::move(buffer + from, buffer + from + taken, static_cast<std::size_t>(kept - from));
+    MoveUnits(buffer + from, buffer + from + taken, static_cast<std::size_t>(kept - from));
     SetLength(static_cast<std::size_t>(kept));
     return kept;
 }

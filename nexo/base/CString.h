@@ -18,6 +18,9 @@
 
 namespace nexo {
 
+template <class Ch>
+class TextBuilder;
+
 /// A text of counted length with value semantics: one pointer to a shared, copy-on-write block.
 ///
 /// The default value is "" and owns nothing. Copying is O(1); copies may be read, copied and destroyed from
@@ -267,6 +270,8 @@ public:
     }
 
 private:
+    friend class TextBuilder<Ch>;
+
     struct AdoptTag {};
     BasicString(AdoptTag, StringHeader* header) noexcept : text_(reinterpret_cast<Ch*>(header + 1)) {}
 
@@ -312,9 +317,17 @@ private:
         return index;
     }
     [[noreturn]] static void ThrowBadIndex();
-    bool IsAlone() const noexcept;
+    bool IsAlone() const noexcept {
+        const int refs = LoadRefs(Header());
+        return refs == 1 || refs == kLockedText;
+    }
     Ch* Writable(std::size_t capacity);
-    void SetLength(std::size_t length) noexcept;
+    /// Only for a buffer that this string owns alone, or 0 for the constant block.
+    void SetLength(std::size_t length) noexcept {
+        if (Header()->refs == kStaticText) return;
+        Header()->length = static_cast<std::uint32_t>(length);
+        text_[length] = 0;
+    }
     void Assign(const Ch* text, std::size_t length);
     void AssignUnits(const Ch* text, std::size_t length);
     void AppendForeign(const Ch* text, std::size_t length);

@@ -2,12 +2,10 @@
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 namespace nexo {
 namespace {
 
-constexpr std::uint64_t kAboveUnit = 0xFFFF0000FFFF0000u;
 constexpr std::uint32_t kReplacement = 0xFFFD;
 
 std::uint32_t Value(wchar_t unit) {
@@ -50,18 +48,6 @@ std::uint32_t TakeCodePoint(std::wstring_view& text) {
 }
 
 }  // namespace
-
-bool NeedsSplit(const wchar_t* text, std::size_t length) noexcept {
-    std::size_t i = 0;
-    for (; i + 8 <= length; i += 8) {
-        std::uint64_t block[4];
-        std::memcpy(block, text + i, sizeof block);
-        if ((block[0] | block[1] | block[2] | block[3]) & kAboveUnit) return true;
-    }
-    std::uint32_t rest = 0;
-    for (; i < length; ++i) rest |= Value(text[i]);
-    return rest > 0xFFFF;
-}
 
 std::size_t SplitLength(const wchar_t* text, std::size_t length) noexcept {
     std::size_t units = length;

@@ -2,6 +2,8 @@
 #define NEXO_BASE_CODEUNITS_H
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -15,7 +17,17 @@
 namespace nexo {
 
 /// True when `text` holds anything that is no code unit, so that it must be split before it is kept.
-[[nodiscard]] NEXO_API bool NeedsSplit(const wchar_t* text, std::size_t length) noexcept;
+[[nodiscard]] inline bool NeedsSplit(const wchar_t* text, std::size_t length) noexcept {
+    std::size_t i = 0;
+    for (; i + 8 <= length; i += 8) {
+        std::uint64_t block[4];
+        std::memcpy(block, text + i, sizeof block);
+        if ((block[0] | block[1] | block[2] | block[3]) & 0xFFFF0000FFFF0000u) return true;
+    }
+    std::uint32_t rest = 0;
+    for (; i < length; ++i) rest |= static_cast<std::uint32_t>(text[i]);
+    return rest > 0xFFFF;
+}
 
 /// Number of code units that `text` has once split. Values above U+10FFFF count as one (they become U+FFFD).
 [[nodiscard]] NEXO_API std::size_t SplitLength(const wchar_t* text, std::size_t length) noexcept;

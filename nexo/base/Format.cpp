@@ -1,487 +1,383 @@
 #include "nexo/base/Format.h"
 
-#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
-#include <string_view>
 
 #include "nexo/base/CodeUnits.h"
-#include "nexo/base/NumberText.h"
+#include "nexo/base/FormatSpec.h"
+#include "nexo/base/NumberWriter.h"
+#include "nexo/base/TextBuilder.h"
 
 namespace nexo {
 namespace {
 
-constexpr int kMostWidth = 65535;
+using Kind = FormatArg::Kind;
 
-/// Collects the result; short ones never leave the stack.
+/// Brings what was written from `start` on to its width; zeros go behind the `prefix` of sign and base.
 template <class Ch>
-class Builder {
-public:
-    Builder() = default;
-    Builder(const Builder&) = delete;
-    Builder& operator=(const Builder&) = delete;
-
-    std::size_t Size() const { return static_cast<std::size_t>(end_ - begin_); }
-    Ch* Begin() { return begin_; }
-    std::basic_string_view<Ch> View() const { return {begin_, Size()}; }
-
-    /// Room for `count` more characters at the end; write there, then call EndAt().
-    Ch* Reserve(std::size_t count) {
-        if (count > static_cast<std::size_t>(limit_ - end_)) Grow(count);
-        return end_;
-    }
-    void EndAt(Ch* end) { end_ = end; }
-    void Add(Ch character) {
-        *Reserve(1) = character;
-        ++end_;
-    }
-    void Add(const Ch* text, std::size_t length) { end_ = std::copy_n(text, length, Reserve(length)); }
-    void Fill(std::size_t count, Ch character) { end_ = std::fill_n(Reserve(count), count, character); }
-
-private:
-    void Grow(std::size_t count) {
-        const std::size_t size = Size();
-        if (size + count > kMaxTextLength) throw std::bad_alloc();
-        const std::size_t room = std::min<std::size_t>(std::max(size + count, size * 2), kMaxTextLength);
-        BasicString<Ch> larger;
-        Ch* const begin = larger.GetBuffer(static_cast<int>(room));
-        std::copy_n(begin_, size, begin);
-        heap_ = std::move(larger);
-        begin_ = begin;
-        end_ = begin + size;
-        limit_ = begin + room;
-    }
-
-    Ch stack_[256];
-    Ch* begin_ = stack_;
-    Ch* end_ = stack_;
-    Ch* limit_ = stack_ + std::size(stack_);
-    BasicString<Ch> heap_;
-};
-
-enum class Size : unsigned char { None, Char, Short, Long, Int32, Int64, Wide };
-
-/// One conversion as it stands in the format.
-struct Spec {
-    bool left = false;
-    bool plus = false;
-    bool blank = false;
-    bool alternate = false;
-    bool zero = false;
-    bool bad = false;  // a "*" without a number to go with it
-    int width = 0;
-    int precision = -1;
-    Size size = Size::None;
-    char conversion = 0;
-};
-
-/// Reads the conversions of a format one after the other and carries them out.
-template <class Ch>
-class Formatter {
-public:
-    Formatter(const Ch* format, std::span<const FormatArg> args) : at_(format), args_(args) {}
-
-    void Run(Builder<Ch>& out) {
-        if (!at_) return;
-        for (;;) {
-            CopyLiteral(out);
-            if (!*at_) return;
-            Convert(out);
-        }
-    }
-
-private:
-    void CopyLiteral(Builder<Ch>& out) {
-        const Ch* const start = at_;
-        bool foreign = false;
-        for (; *at_ && *at_ != '%'; ++at_)
-            foreign |= sizeof(Ch) > 1 && static_cast<std::uint32_t>(*at_) > 0xFFFF;
-        const auto length = static_cast<std::size_t>(at_ - start);
-        if constexpr (sizeof(Ch) > 1) {
-            if (foreign) return out.EndAt(SplitInto(out.Reserve(2 * length), start, length));
-        }
-        out.Add(start, length);
-    }
-
-    /// Carries out the conversion that begins at the percent sign here.
-    void Convert(Builder<Ch>& out) {
-        const Ch* const start = at_++;
-        if (*at_ == 'd') {  // by far the most frequent one
-            if (next_ < args_.size() && IsInteger(args_[next_])) {
-                ++at_;
-                const auto value = static_cast<std::int32_t>(args_[next_++].integer);
-                return out.EndAt(WriteSigned(out.Reserve(kIntegerRoom), value));
-            }
-        }
-        Spec spec;
-        ReadSpec(spec);
-        if (!spec.conversion) return out.Add(start, static_cast<std::size_t>(at_ - start));
-        if (spec.conversion == '%') return out.Add('%');
-        const FormatArg arg = NextArg();
-        const bool missing = arg.kind == FormatArg::Kind::None;
-        if (missing && spec.conversion != 'n') return;
-        if (spec.bad || !Write(out, spec, arg)) out.Add(start, static_cast<std::size_t>(at_ - start));
-    }
-
-    FormatArg NextArg() { return next_ < args_.size() ? args_[next_++] : FormatArg(); }
-
-    void ReadSpec(Spec& spec) {
-        ReadFlags(spec);
-        spec.width = ReadNumber(spec);
-        if (spec.width < 0) {
-            spec.left = true;
-            spec.width = -spec.width;
-        }
-        if (*at_ == '.') {
-            ++at_;
-            spec.precision = std::max(ReadNumber(spec), -1);
-        }
-        ReadSize(spec);
-        static constexpr std::string_view known = "diuoxXfFeEgGaAcCsSpn%";
-        if (IsPlain(*at_) && known.find(static_cast<char>(*at_)) != known.npos) {
-            spec.conversion = static_cast<char>(*at_++);
-        }
-    }
-
-    static bool IsPlain(Ch character) { return character > 0 && character < 0x7F; }
-
-    void ReadFlags(Spec& spec) {
-        for (;; ++at_) {
-            switch (*at_) {
-                case '-':
-                    spec.left = true;
-                    break;
-                case '+':
-                    spec.plus = true;
-                    break;
-                case ' ':
-                    spec.blank = true;
-                    break;
-                case '#':
-                    spec.alternate = true;
-                    break;
-                case '0':
-                    spec.zero = true;
-                    break;
-                default:
-                    return;
-            }
-        }
-    }
-
-    /// A width or precision: digits, 0 without any, or "*" for the next argument.
-    int ReadNumber(Spec& spec) {
-        if (*at_ == '*') {
-            ++at_;
-            return NumberArg(spec);
-        }
-        int value = 0;
-        for (; *at_ >= '0' && *at_ <= '9'; ++at_) {
-            value = std::min(value * 10 + static_cast<int>(*at_ - '0'), kMostWidth);
-        }
-        return value;
-    }
-
-    int NumberArg(Spec& spec) {
-        const FormatArg arg = NextArg();
-        spec.bad |= !IsInteger(arg) && arg.kind != FormatArg::Kind::None;
-        const auto value = static_cast<std::int32_t>(arg.integer);
-        return IsInteger(arg) ? std::clamp(value, -kMostWidth, kMostWidth) : 0;
-    }
-
-    bool Take(const char* letters) {
-        const Ch* at = at_;
-        for (; *letters; ++letters, ++at) {
-            if (*at != static_cast<Ch>(*letters)) return false;
-        }
-        at_ = at;
-        return true;
-    }
-
-    void ReadSize(Spec& spec) {
-        static constexpr struct {
-            const char* letters;
-            Size size;
-        } sizes[] = {{"hh", Size::Char}, {"h", Size::Short},   {"ll", Size::Int64},  {"l", Size::Long},
-                     {"w", Size::Wide},  {"I64", Size::Int64}, {"I32", Size::Int32}, {"I", Size::Int64},
-                     {"j", Size::Int64}, {"z", Size::Int64},   {"t", Size::Int64},   {"L", Size::None}};
-        if (*at_ < 'A' || *at_ == 'd') return;
-        for (const auto& row : sizes) {
-            if (!Take(row.letters)) continue;
-            spec.size = row.size;
-            return;
-        }
-    }
-
-    static bool IsInteger(const FormatArg& arg) {
-        return arg.kind == FormatArg::Kind::Signed || arg.kind == FormatArg::Kind::Unsigned;
-    }
-
-    /// False when the conversion does not suit the argument; nothing is written then.
-    static bool Write(Builder<Ch>& out, const Spec& spec, const FormatArg& arg) {
-        switch (spec.conversion) {
-            case 'd':
-            case 'i':
-            case 'u':
-            case 'o':
-            case 'x':
-            case 'X':
-                return IsInteger(arg) && (WriteInteger(out, spec, arg.integer), true);
-            case 'c':
-            case 'C':
-                return IsInteger(arg) && (WriteCharacter(out, spec, arg), true);
-            case 's':
-            case 'S':
-                return WriteText(out, spec, arg);
-            case 'p':
-                return WritePointer(out, spec, arg);
-            case 'n':
-                return false;
-            default:
-                return arg.kind == FormatArg::Kind::Float && (WriteNumber(out, spec, arg.number), true);
-        }
-    }
-
-    /// Brings what was written from `start` on to its width; zeros go behind the `prefix` of sign and base.
-    static void Pad(Builder<Ch>& out, std::size_t start, std::size_t prefix, const Spec& spec, bool zeros) {
-        const std::size_t length = out.Size() - start;
-        const auto width = static_cast<std::size_t>(spec.width);
-        if (length >= width) return;
-        const std::size_t missing = width - length;
-        if (spec.left) return out.Fill(missing, ' ');
-        out.EndAt(out.Reserve(missing) + missing);
-        Ch* const field = out.Begin() + start + (zeros ? prefix : 0);
-        std::memmove(field + missing, field, (length - (zeros ? prefix : 0)) * sizeof(Ch));
-        std::fill_n(field, missing, static_cast<Ch>(zeros ? '0' : ' '));
-    }
-
-    static std::uint64_t Cut(std::uint64_t value, Size size, bool isSigned) {
-        const int unused = size == Size::Int64 ? 0 : size == Size::Char ? 56 : size == Size::Short ? 48 : 32;
-        if (isSigned) return static_cast<std::uint64_t>(static_cast<std::int64_t>(value << unused) >> unused);
-        return value << unused >> unused;
-    }
-
-    static void WriteSign(Builder<Ch>& out, const Spec& spec, bool minus) {
-        if (minus) {
-            out.Add('-');
-        } else if (spec.plus) {
-            out.Add('+');
-        } else if (spec.blank) {
-            out.Add(' ');
-        }
-    }
-
-    static char* WriteBase(char* out, std::uint64_t value, const Spec& spec) {
-        if (spec.conversion == 'o') return std::to_chars(out, out + 24, value, 8).ptr;
-        if (spec.conversion != 'x' && spec.conversion != 'X') return WriteUnsigned(out, value);
-        char* const end = std::to_chars(out, out + 24, value, 16).ptr;
-        if (spec.conversion == 'X') {
-            std::transform(out, end, out, [](char c) { return c >= 'a' ? static_cast<char>(c - 32) : c; });
-        }
-        return end;
-    }
-
-    static void WriteInteger(Builder<Ch>& out, const Spec& spec, std::uint64_t raw) {
-        const bool isSigned = spec.conversion == 'd' || spec.conversion == 'i';
-        const std::size_t start = out.Size();
-        std::uint64_t value = Cut(raw, spec.size, isSigned);
-        if (isSigned) {
-            const bool minus = static_cast<std::int64_t>(value) < 0;
-            WriteSign(out, spec, minus);
-            if (minus) value = 0 - value;
-        }
-        const bool hex = spec.conversion == 'x' || spec.conversion == 'X';
-        if (spec.alternate && hex && value != 0) {
-            out.Add('0');
-            out.Add(static_cast<Ch>(spec.conversion));
-        }
-        const std::size_t prefix = out.Size() - start;
-        char digits[24];
-        const bool empty = value == 0 && spec.precision == 0;
-        const auto count = static_cast<int>((empty ? digits : WriteBase(digits, value, spec)) - digits);
-        int least = spec.precision;
-        if (spec.alternate && spec.conversion == 'o' && (count == 0 || digits[0] != '0')) {
-            least = std::max(least, count + 1);
-        }
-        if (least > count) out.Fill(static_cast<std::size_t>(least - count), '0');
-        Ch* const room = out.Reserve(sizeof digits);
-        out.EndAt(std::copy_n(digits, count, room));
-        Pad(out, start, prefix, spec, spec.zero && spec.precision < 0);
-    }
-
-    static void WriteNumber(Builder<Ch>& out, const Spec& spec, double value) {
-        const std::size_t start = out.Size();
-        WriteSign(out, spec, std::signbit(value));
-        std::size_t prefix = out.Size() - start;
-        const char letter = static_cast<char>(spec.conversion | 0x20);
-        const std::size_t body = out.Size();
-        if (!std::isfinite(value)) {
-            out.EndAt(std::copy_n(std::isnan(value) ? "nan" : "inf", 3, out.Reserve(3)));
-        } else if (letter == 'a') {
-            WriteHexadecimal(out, std::fabs(value), spec);
-            prefix += 2;
-        } else {
-            const FloatStyle style{letter, spec.precision < 0 ? 6 : spec.precision, spec.alternate};
-            out.EndAt(WriteFloat(out.Reserve(FloatRoom(style.precision)), value, style));
-        }
-        if (letter != spec.conversion) MakeCapital(out, body);
-        Pad(out, start, prefix, spec, spec.zero && std::isfinite(value));
-    }
-
-    static void MakeCapital(Builder<Ch>& out, std::size_t from) {
-        Ch* const end = out.Reserve(0);
-        std::transform(out.Begin() + from, end, out.Begin() + from,
-                       [](Ch c) { return c >= 'a' && c <= 'z' ? static_cast<Ch>(c - 32) : c; });
-    }
-
-    static void WriteHexadecimal(Builder<Ch>& out, double value, const Spec& spec) {
-        constexpr int most = 13;  // hexadecimal places of a double
-        char text[40];
-        char* const limit = text + sizeof text;
-        const int places = std::min(spec.precision, most);
-        const char* const end =
-            (places < 0 ? std::to_chars(text, limit, value, std::chars_format::hex)
-                        : std::to_chars(text, limit, value, std::chars_format::hex, places))
-                .ptr;
-        const char* const mark = std::find(static_cast<const char*>(text), end, 'p');
-        const bool point = std::find(static_cast<const char*>(text), mark, '.') != mark;
-        const auto zeros = static_cast<std::size_t>(std::max(spec.precision - most, 0));
-        Ch* room = out.Reserve(sizeof text + zeros + 3);
-        *room++ = '0';
-        *room++ = 'x';
-        room = std::copy(static_cast<const char*>(text), mark, room);
-        if (spec.alternate && !point) *room++ = '.';
-        room = std::fill_n(room, zeros, static_cast<Ch>('0'));
-        out.EndAt(std::copy(mark, end, room));
-    }
-
-    /// A character of the argument's own kind when that is a narrow one, else of the kind that is asked for.
-    static void WriteCharacter(Builder<Ch>& out, const Spec& spec, const FormatArg& arg) {
-        constexpr bool wideFormat = sizeof(Ch) > 1;
-        const bool other = spec.conversion == 'C';
-        bool narrow = wideFormat == other;
-        if (spec.size == Size::Short || spec.size == Size::Char) narrow = true;
-        if (spec.size == Size::Long || spec.size == Size::Wide) narrow = false;
-        const std::size_t start = out.Size();
-        if (narrow || arg.size == 1) {
-            const char byte = static_cast<char>(arg.integer);
-            AppendNarrow(out, &byte, 1);
-        } else {
-            const bool codePoint = (arg.integer & 0xFFFFFFFF) <= 0x10FFFF;
-            const auto unit = static_cast<wchar_t>(arg.integer & (codePoint ? 0x1FFFFF : 0xFFFF));
-            AppendWide(out, &unit, 1);
-        }
-        Pad(out, start, 0, spec, spec.zero);
-    }
-
-    static void AppendNarrow(Builder<Ch>& out, const char* text, std::size_t length) {
-        Ch* const room = out.Reserve(length);
-        if constexpr (sizeof(Ch) > 1) {
-            WidenAnsi(room, text, length);
-        } else {
-            std::memcpy(room, text, length);
-        }
-        out.EndAt(room + length);
-    }
-
-    static void AppendWide(Builder<Ch>& out, const wchar_t* text, std::size_t length) {
-        if (NeedsSplit(text, length)) {
-            const CString split(std::wstring_view(text, length));
-            return AppendWide(out, split, split.View().size());
-        }
-        Ch* const room = out.Reserve(length);
-        if constexpr (sizeof(Ch) > 1) {
-            std::memcpy(room, text, length * sizeof(Ch));
-        } else {
-            NarrowAnsi(room, text, length);
-        }
-        out.EndAt(room + length);
-    }
-
-    /// Length of the part of a text that is printed: up to its end or the precision. Nothing behind either is
-    /// read.
-    template <class Text>
-    static std::size_t PrintedLength(const Text* text, std::size_t length, int precision) {
-        const std::size_t most = precision < 0 ? FormatArg::kUntilZero : static_cast<std::size_t>(precision);
-        if (length != FormatArg::kUntilZero) return std::min(length, most);
-        if (precision < 0) return std::char_traits<Text>::length(text);
-        std::size_t count = 0;
-        while (count < most && text[count]) ++count;
-        return count;
-    }
-
-    static bool WriteText(Builder<Ch>& out, const Spec& spec, const FormatArg& arg) {
-        const bool wide = arg.kind == FormatArg::Kind::WideText;
-        const bool text = wide || arg.kind == FormatArg::Kind::NarrowText;
-        const bool null = (text || arg.kind == FormatArg::Kind::Pointer) && !arg.pointer;
-        if (!text && !null) return false;
-        const std::size_t start = out.Size();
-        if (null) {
-            AppendNarrow(out, "(null)", PrintedLength("(null)", 6, spec.precision));
-        } else if (wide) {
-            AppendWide(out, arg.wide, PrintedLength(arg.wide, arg.length, spec.precision));
-            CutTo(out, start, spec.precision);
-        } else {
-            AppendNarrow(out, arg.narrow, PrintedLength(arg.narrow, arg.length, spec.precision));
-        }
-        Pad(out, start, 0, spec, spec.zero);
-        return true;
-    }
-
-    /// The precision counts code units, and splitting may have made more of them.
-    static void CutTo(Builder<Ch>& out, std::size_t start, int precision) {
-        if (precision < 0 || out.Size() - start <= static_cast<std::size_t>(precision)) return;
-        out.EndAt(out.Begin() + start + precision);
-    }
-
-    static bool WritePointer(Builder<Ch>& out, const Spec& spec, const FormatArg& arg) {
-        if (IsInteger(arg) || arg.kind == FormatArg::Kind::Float) return false;
-        const std::size_t start = out.Size();
-        Spec hex;
-        hex.conversion = 'X';
-        hex.precision = 16;
-        hex.size = Size::Int64;
-        WriteInteger(out, hex, reinterpret_cast<std::uintptr_t>(arg.pointer));
-        Pad(out, start, 0, spec, false);
-        return true;
-    }
-
-    const Ch* at_;
-    std::span<const FormatArg> args_;
-    std::size_t next_ = 0;
-};
-
-template <class Ch>
-void FormatReplacing(BasicString<Ch>& out, const Ch* format, std::span<const FormatArg> args) {
-    Builder<Ch> text;
-    Formatter<Ch>(format, args).Run(text);
-    out.SetString(text.Begin(), static_cast<int>(text.Size()));
+void Pad(TextBuilder<Ch>& out, std::size_t start, const FormatSpec& spec, bool zeros,
+         std::size_t prefix = 0) {
+    const std::size_t length = out.Size() - start;
+    const auto width = static_cast<std::size_t>(spec.width);
+    if (length >= width) return;
+    const std::size_t missing = width - length;
+    if (spec.left) return out.Fill(missing, ' ');
+    if (!zeros) prefix = 0;
+    out.EndAt(out.Reserve(missing) + missing);
+    Ch* const field = out.Begin() + start + prefix;
+    std::memmove(field + missing, field, (length - prefix) * sizeof(Ch));
+    std::fill_n(field, missing, static_cast<Ch>(zeros ? '0' : ' '));
 }
 
 template <class Ch>
-void FormatAppending(BasicString<Ch>& out, const Ch* format, std::span<const FormatArg> args) {
-    Builder<Ch> text;
-    Formatter<Ch>(format, args).Run(text);
-    out.Append(text.Begin(), static_cast<int>(text.Size()));
+void WriteSign(TextBuilder<Ch>& out, const FormatSpec& spec, bool minus) {
+    if (minus) {
+        out.Add('-');
+    } else if (spec.plus) {
+        out.Add('+');
+    } else if (spec.blank) {
+        out.Add(' ');
+    }
+}
+
+char LowerLetter(char letter) {
+    return static_cast<char>(letter | 0x20);
+}
+
+template <class Ch>
+void MakeCapital(Ch* text, const Ch* end) {
+    for (; text != end; ++text) {
+        if (*text >= 'a' && *text <= 'z') *text = static_cast<Ch>(*text - 32);
+    }
+}
+
+// Integers
+
+/// The value in the size that the conversion asks for, extended to 64 bits again.
+std::uint64_t Cut(std::uint64_t value, ArgSize size, bool isSigned) {
+    int unused = 32;
+    if (size == ArgSize::Int64) unused = 0;
+    if (size == ArgSize::Char) unused = 56;
+    if (size == ArgSize::Short) unused = 48;
+    if (isSigned) return static_cast<std::uint64_t>(static_cast<std::int64_t>(value << unused) >> unused);
+    return value << unused >> unused;
+}
+
+/// Digits of a value in a base of 2^bits; "0" for zero.
+template <class Ch>
+Ch* WriteBinaryBase(Ch* out, std::uint64_t value, int bits, char tenDigit) {
+    const int count = std::max((static_cast<int>(std::bit_width(value)) + bits - 1) / bits, 1);
+    for (int i = count; i-- > 0; value >>= bits) {
+        const auto digit = static_cast<int>(value & ((1u << bits) - 1));
+        out[i] = static_cast<Ch>(digit < 10 ? '0' + digit : tenDigit + digit - 10);
+    }
+    return out + count;
+}
+
+template <class Ch>
+Ch* WriteDigits(Ch* out, std::uint64_t value, char conversion) {
+    if (conversion == 'o') return WriteBinaryBase(out, value, 3, 'a');
+    if (conversion == 'x') return WriteBinaryBase(out, value, 4, 'a');
+    if (conversion == 'X') return WriteBinaryBase(out, value, 4, 'A');
+    return WriteUnsigned(out, value);
+}
+
+template <class Ch>
+void WriteInteger(TextBuilder<Ch>& out, const FormatSpec& spec, std::uint64_t raw) {
+    const bool isSigned = spec.conversion == 'd' || spec.conversion == 'i';
+    const std::size_t start = out.Size();
+    std::uint64_t value = Cut(raw, spec.size, isSigned);
+    if (isSigned) {
+        const bool minus = static_cast<std::int64_t>(value) < 0;
+        WriteSign(out, spec, minus);
+        if (minus) value = 0 - value;
+    } else if (spec.alternate && value != 0 && LowerLetter(spec.conversion) == 'x') {
+        out.Add('0');
+        out.Add(static_cast<Ch>(spec.conversion));
+    }
+    const std::size_t prefix = out.Size() - start;
+    const bool nothing = value == 0 && spec.precision == 0;
+    if (!nothing) out.EndAt(WriteDigits(out.Reserve(kIntegerRoom), value, spec.conversion));
+    const auto count = static_cast<int>(out.Size() - start - prefix);
+    FormatSpec least;
+    least.width = spec.precision;
+    if (spec.alternate && spec.conversion == 'o' && (nothing || value != 0)) {
+        least.width = std::max(least.width, count + 1);
+    }
+    if (least.width > count) {
+        least.width += static_cast<int>(prefix);
+        Pad(out, start, least, true, prefix);
+    }
+    Pad(out, start, spec, spec.zero && spec.precision < 0, prefix);
+}
+
+template <class Ch>
+bool WritePointer(TextBuilder<Ch>& out, const FormatSpec& spec, const FormatArg& arg) {
+    if (IsInteger(arg) || arg.kind == Kind::Float) return false;
+    const std::size_t start = out.Size();
+    FormatSpec hex;
+    hex.conversion = 'X';
+    hex.precision = 16;
+    hex.size = ArgSize::Int64;
+    WriteInteger(out, hex, reinterpret_cast<std::uintptr_t>(arg.pointer));
+    Pad(out, start, spec, false);
+    return true;
+}
+
+// Floating point
+
+template <class Ch>
+Ch* WriteHexadecimal(TextBuilder<Ch>& out, double value, const FormatSpec& spec) {
+    constexpr int most = 13;  // hexadecimal places of a double
+    char text[40];
+    char* const limit = text + sizeof text;
+    const int places = std::min(spec.precision, most);
+    const char* const end = (places < 0 ? std::to_chars(text, limit, value, std::chars_format::hex)
+                                        : std::to_chars(text, limit, value, std::chars_format::hex, places))
+                                .ptr;
+    const char* const mark = std::find<const char*>(text, end, 'p');
+    const bool point = std::find<const char*>(text, mark, '.') != mark;
+    const auto zeros = static_cast<std::size_t>(std::max(spec.precision - most, 0));
+    Ch* room = out.Reserve(sizeof text + zeros + 3);
+    *room++ = '0';
+    *room++ = 'x';
+    room = std::copy<const char*>(text, mark, room);
+    if (spec.alternate && !point) *room++ = '.';
+    room = std::fill_n(room, zeros, static_cast<Ch>('0'));
+    return std::copy(mark, end, room);
+}
+
+template <class Ch>
+Ch* WriteBody(TextBuilder<Ch>& out, double value, char letter, const FormatSpec& spec) {
+    if (!std::isfinite(value)) return std::copy_n(std::isnan(value) ? "nan" : "inf", 3, out.Reserve(3));
+    if (letter == 'a') return WriteHexadecimal(out, std::fabs(value), spec);
+    const FloatStyle style{letter, spec.precision < 0 ? 6 : spec.precision, spec.alternate};
+    return WriteFloat(out.Reserve(FloatRoom(value, style)), value, style);
+}
+
+template <class Ch>
+void WriteNumber(TextBuilder<Ch>& out, const FormatSpec& spec, double value) {
+    const std::size_t start = out.Size();
+    WriteSign(out, spec, std::signbit(value));
+    const std::size_t sign = out.Size() - start;
+    const char letter = LowerLetter(spec.conversion);
+    out.EndAt(WriteBody(out, value, letter, spec));
+    if (letter != spec.conversion) MakeCapital(out.Begin() + start, out.Begin() + out.Size());
+    Pad(out, start, spec, spec.zero && std::isfinite(value), letter == 'a' ? sign + 2 : sign);
+}
+
+// Characters and texts
+
+template <class Ch>
+void AppendNarrow(TextBuilder<Ch>& out, const char* text, std::size_t length) {
+    Ch* const room = out.Reserve(length);
+    if constexpr (sizeof(Ch) > 1) {
+        WidenAnsi(room, text, length);
+    } else {
+        std::memcpy(room, text, length);
+    }
+    out.EndAt(room + length);
+}
+
+template <class Ch>
+void AppendWide(TextBuilder<Ch>& out, const wchar_t* text, std::size_t length) {
+    if (NeedsSplit(text, length)) {
+        const CString split(std::wstring_view(text, length));
+        return AppendWide(out, split.GetString(), split.View().size());
+    }
+    if constexpr (sizeof(Ch) > 1) {
+        out.Add(text, length);
+    } else {
+        NarrowAnsi(out.Reserve(length), text, length);
+        out.EndAt(out.Reserve(length) + length);
+    }
+}
+
+/// A character of the argument's own kind when that is a narrow one, else of the kind that is asked for.
+template <class Ch>
+void WriteCharacter(TextBuilder<Ch>& out, const FormatSpec& spec, const FormatArg& arg) {
+    bool narrow = (sizeof(Ch) == 1) == (spec.conversion == 'c');
+    if (spec.size == ArgSize::Short || spec.size == ArgSize::Char) narrow = true;
+    if (spec.size == ArgSize::Long || spec.size == ArgSize::Wide) narrow = false;
+    const std::size_t start = out.Size();
+    if (narrow || arg.size == 1) {
+        const char byte = static_cast<char>(arg.integer);
+        AppendNarrow(out, &byte, 1);
+    } else {
+        const bool codePoint = static_cast<std::uint32_t>(arg.integer) <= 0x10FFFF;
+        const auto unit = static_cast<wchar_t>(arg.integer & (codePoint ? 0x1FFFFF : 0xFFFF));
+        AppendWide(out, &unit, 1);
+    }
+    Pad(out, start, spec, spec.zero);
+}
+
+/// Length of the part of a text that is printed: up to its end or the precision. Nothing behind either is
+/// read.
+template <class Text>
+std::size_t PrintedLength(const Text* text, std::size_t length, int precision) {
+    const std::size_t most = precision < 0 ? FormatArg::kUntilZero : static_cast<std::size_t>(precision);
+    if (length != FormatArg::kUntilZero) return std::min(length, most);
+    if (precision < 0) return std::char_traits<Text>::length(text);
+    std::size_t count = 0;
+    while (count < most && text[count]) ++count;
+    return count;
+}
+
+template <class Ch>
+bool WriteText(TextBuilder<Ch>& out, const FormatSpec& spec, const FormatArg& arg) {
+    const bool text = arg.kind == Kind::WideText || arg.kind == Kind::NarrowText;
+    const bool null = (text || arg.kind == Kind::Pointer) && !arg.pointer;
+    if (!text && !null) return false;
+    const std::size_t start = out.Size();
+    if (null) {
+        AppendNarrow(out, "(null)", PrintedLength("(null)", 6, spec.precision));
+    } else if (arg.kind == Kind::NarrowText) {
+        AppendNarrow(out, arg.narrow, PrintedLength(arg.narrow, arg.length, spec.precision));
+    } else {
+        AppendWide(out, arg.wide, PrintedLength(arg.wide, arg.length, spec.precision));
+        // The precision counts code units, and splitting may have made more of them.
+        const auto most = static_cast<std::size_t>(spec.precision);
+        if (spec.precision >= 0 && out.Size() - start > most) out.EndAt(out.Begin() + start + most);
+    }
+    Pad(out, start, spec, spec.zero);
+    return true;
+}
+
+/// False when the conversion does not suit the argument; nothing is written then.
+template <class Ch>
+bool WriteArgument(TextBuilder<Ch>& out, const FormatSpec& spec, const FormatArg& arg) {
+    switch (spec.conversion) {
+        case 'd':
+        case 'i':
+        case 'u':
+        case 'o':
+        case 'x':
+        case 'X':
+            return IsInteger(arg) && (WriteInteger(out, spec, arg.integer), true);
+        case 'c':
+        case 'C':
+            return IsInteger(arg) && (WriteCharacter(out, spec, arg), true);
+        case 's':
+        case 'S':
+            return WriteText(out, spec, arg);
+        case 'p':
+            return WritePointer(out, spec, arg);
+        case 'n':
+            return false;
+        default:
+            return arg.kind == Kind::Float && (WriteNumber(out, spec, arg.number), true);
+    }
+}
+
+/// Copies text up to the next percent sign or the end, which is returned.
+template <class Ch>
+const Ch* CopyLiteral(TextBuilder<Ch>& out, const Ch* at) {
+    const Ch* const start = at;
+    std::uint32_t bits = 0;
+    for (; *at && *at != '%'; ++at) bits |= static_cast<std::uint32_t>(*at);
+    const auto length = static_cast<std::size_t>(at - start);
+    if constexpr (sizeof(Ch) > 1) {
+        if (bits > 0xFFFF) {
+            out.EndAt(SplitInto(out.Reserve(2 * length), start, length));
+            return at;
+        }
+    }
+    out.Add(start, length);
+    return at;
+}
+
+template <class Ch>
+bool IsOwnText(const FormatArg& arg) {
+    return arg.kind == (sizeof(Ch) > 1 ? Kind::WideText : Kind::NarrowText) && arg.pointer;
+}
+
+template <class Ch>
+void AppendOwn(TextBuilder<Ch>& out, const FormatArg& arg) {
+    if constexpr (sizeof(Ch) > 1) {
+        AppendWide(out, arg.wide, PrintedLength(arg.wide, arg.length, -1));
+    } else {
+        AppendNarrow(out, arg.narrow, PrintedLength(arg.narrow, arg.length, -1));
+    }
+}
+
+/// The conversions that most formats consist of: "%d", "%s", "%g" and "%.2f" with a suitable argument. Takes
+/// the argument and returns the end of the conversion, or null for all others.
+template <class Ch>
+const Ch* CopyPlain(TextBuilder<Ch>& out, const Ch* at, ArgList& args) {
+    const FormatArg& arg = args.Peek();
+    if (at[1] == 'd' && IsInteger(arg)) {
+        out.EndAt(WriteSigned(out.Reserve(kIntegerRoom), static_cast<std::int32_t>(arg.integer)));
+        at += 2;
+    } else if (at[1] == 's' && IsOwnText<Ch>(arg)) {
+        AppendOwn(out, arg);
+        at += 2;
+    } else if (arg.kind != Kind::Float) {
+        return nullptr;
+    } else if (at[1] == 'g') {
+        out.EndAt(WriteGeneral(out.Reserve(kGeneralRoom), arg.number));
+        at += 2;
+    } else if (at[1] == '.' && at[2] >= '0' && at[2] <= '9' && at[3] == 'f') {
+        const int decimals = static_cast<int>(at[2] - '0');
+        out.EndAt(WriteFixed(out.Reserve(FixedRoom(arg.number, decimals)), arg.number, decimals));
+        at += 4;
+    } else {
+        return nullptr;
+    }
+    args.Next();
+    return at;
+}
+
+/// Carries out the conversion that begins at the percent sign `at` and returns its end.
+template <class Ch>
+const Ch* CopyConversion(TextBuilder<Ch>& out, const Ch* at, ArgList& args) {
+    if (const Ch* const end = CopyPlain(out, at, args)) return end;
+    SpecReader<Ch> reader(at + 1, args);
+    const FormatSpec spec = reader.Read();
+    const auto copyItself = [&] { out.Add(at, static_cast<std::size_t>(reader.At() - at)); };
+    if (spec.conversion == '%') {
+        out.Add('%');
+    } else if (!spec.conversion) {
+        copyItself();
+    } else {
+        const FormatArg& arg = args.Next();
+        const bool missing = arg.kind == Kind::None && spec.conversion != 'n';
+        if (!missing && (spec.bad || !WriteArgument(out, spec, arg))) copyItself();
+    }
+    return reader.At();
+}
+
+template <class Ch>
+void Write(TextBuilder<Ch>& out, const Ch* format, std::span<const FormatArg> args) {
+    if (!format) return;
+    ArgList list(args);
+    while (*format) format = *format == '%' ? CopyConversion(out, format, list) : CopyLiteral(out, format);
 }
 
 }  // namespace
 
 void FormatInto(CString& out, const wchar_t* format, std::span<const FormatArg> args) {
-    FormatReplacing(out, format, args);
+    TextBuilder<wchar_t> text;
+    Write(text, format, args);
+    text.AssignTo(out);
 }
 
 void FormatInto(CStringA& out, const char* format, std::span<const FormatArg> args) {
-    FormatReplacing(out, format, args);
+    TextBuilder<char> text;
+    Write(text, format, args);
+    text.AssignTo(out);
 }
 
 void AppendFormatTo(CString& out, const wchar_t* format, std::span<const FormatArg> args) {
-    FormatAppending(out, format, args);
+    TextBuilder<wchar_t> text;
+    Write(text, format, args);
+    text.AppendTo(out);
 }
 
 void AppendFormatTo(CStringA& out, const char* format, std::span<const FormatArg> args) {
-    FormatAppending(out, format, args);
+    TextBuilder<char> text;
+    Write(text, format, args);
+    text.AppendTo(out);
 }
 
 }  // namespace nexo

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "nexo/base/CharClass.h"
@@ -20,7 +22,8 @@ public:
     const wchar_t* At() const { return at_; }
     void MoveTo(const wchar_t* at) { at_ = at; }
     wchar_t Peek() const { return at_ == end_ ? L'\0' : *at_; }
-    wchar_t PeekLower() const { return ToLower(Peek()); }
+    /// True at this ASCII letter in either case.
+    bool IsAt(char lower) const { return (Peek() | 0x20) == lower; }
     void Step() { ++at_; }
 
     void SkipSpace() {
@@ -35,7 +38,7 @@ public:
     bool TakeWord(const char* lower) {
         const wchar_t* const start = at_;
         for (; *lower; ++lower, Step()) {
-            if (PeekLower() == static_cast<wchar_t>(*lower)) continue;
+            if (IsAt(*lower)) continue;
             MoveTo(start);
             return false;
         }
@@ -103,13 +106,58 @@ auto ReadPointer(Read read, const wchar_t* text) {
     return read(cursor, found);
 }
 
-/// The significant digits of a number and the power that scales them: digits * base^exponent.
+__extension__ using Wide = unsigned __int128;
+
+/// value * 2^exponent where that is exact.
+double Scaled(double value, int exponent) {
+    return value * std::bit_cast<double>(static_cast<std::uint64_t>(1023 + exponent) << 52);
+}
+
+/// The quotient as a double, correctly rounded; neither argument is 0.
+double Quotient(std::uint64_t value, std::uint64_t divisor) {
+    const int up = std::countl_zero(value);
+    const int divisorUp = std::countl_zero(divisor);
+    const Wide dividend = Wide{value << up}
+                          << 63;  // its upper half is below the divisor: the result has 64 bits
+    const std::uint64_t shifted = divisor << divisorUp;
+    const auto quotient = static_cast<std::uint64_t>(dividend / shifted);
+    const bool rest =
+        quotient * Wide{shifted} != dividend;  // joins the many bits that are rounded away anyway
+    return Scaled(static_cast<double>(quotient | rest), divisorUp - up - 63);
+}
+
+/// digits * 10^exponent, correctly rounded, where 128 bits suffice; false elsewhere.
+bool Multiply(std::uint64_t digits, std::int64_t exponent, double& value) {
+    static constexpr double kExact[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    static constexpr auto kFives = [] {
+        std::array<std::uint64_t, 28> powers{1};
+        for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 5;
+        return powers;
+    }();
+    const auto power = static_cast<std::size_t>(exponent < 0 ? -exponent : exponent);
+    if (power < std::size(kExact) && digits <= std::uint64_t{1} << 53) {  // both exact: one rounding
+        const auto number = static_cast<double>(digits);
+        value = exponent < 0 ? number / kExact[power] : number * kExact[power];
+        return true;
+    }
+    if (power >= kFives.size()) return false;
+    value = 0;
+    if (digits == 0) return true;
+    const int twos = static_cast<int>(exponent);
+    value = exponent < 0 ? Scaled(Quotient(digits, kFives[power]), twos)
+                         : Scaled(static_cast<double>(Wide{digits} * kFives[power]), twos);
+    return true;
+}
+
+/// The significant digits of a long, huge, tiny or hexadecimal number and the power that scales them.
 ///
 /// A double is settled by fewer than 768 decimal digits and the question whether anything follows, so longer
 /// numbers keep 800 digits and a 1 for the rest.
 class Significand {
 public:
-    explicit Significand(int base) : base_(static_cast<unsigned>(base)) {}
+    explicit Significand(bool hexadecimal) : hexadecimal_(hexadecimal) {}
 
     /// Takes digits up to the first other character, behind the point or before it.
     void Read(Cursor& text, bool fraction) {
@@ -120,40 +168,23 @@ public:
         }
     }
     bool Any() const { return any_; }
-    std::int64_t& Exponent() { return exponent_; }
 
-    /// digits * 10^exponent when one exact operation gives the correctly rounded value.
-    bool Exact(double& value) const {
-        static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                             1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                             1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-        if (count_ > 19 || value_ > (std::uint64_t{1} << 53) || exponent_ < -22 || exponent_ > 22)
-            return false;
-        const auto digits = static_cast<double>(value_);
-        value = exponent_ < 0 ? digits / kPowers[-exponent_] : digits * kPowers[exponent_];
-        return true;
+    double Decimal(std::int64_t exponent) {
+        return Convert(std::chars_format::general, 'e', 1, exponent_ + exponent);
     }
-
-    double Decimal() {
-        double value = 0;
-        if (count_ == 0 || Exact(value)) return value;
-        return Convert(std::chars_format::general, 'e', 1);
-    }
-    /// The exponent counts binary places; the digits are worth four each.
-    double Hexadecimal() {
-        if (count_ == 0) return 0;
-        return Convert(std::chars_format::hex, 'p', 4);
+    /// `exponent` counts binary places; the digits are worth four each.
+    double Hexadecimal(std::int64_t exponent) {
+        return Convert(std::chars_format::hex, 'p', 4, exponent_ * 4 + exponent);
     }
 
 private:
     static constexpr std::size_t kKept = 800;
 
     bool IsMine(wchar_t unit) const {
-        return IsDigit(unit) || (base_ == 16 && IsBetween(unit | 0x20, L'a', L'f'));
+        return IsDigit(unit) || (hexadecimal_ && IsBetween(unit | 0x20, L'a', L'f'));
     }
     void Add(char digit) {
         if (count_ == 0 && digit == '0') return;
-        if (count_ < 19) value_ = value_ * 10 + static_cast<std::uint64_t>(digit - '0');
         if (count_ < kKept) {
             digits_[count_++] = digit;
         } else {
@@ -162,14 +193,15 @@ private:
         }
     }
 
-    double Convert(std::chars_format format, char mark, int scale) {
+    double Convert(std::chars_format format, char mark, int scale, std::int64_t power) {
+        if (count_ == 0) return 0;
         char* end = digits_.data() + count_;
-        std::int64_t power = exponent_ + dropped_ * scale;
+        power += dropped_ * scale;
+        const bool large = power + static_cast<std::int64_t>(count_) * scale > 0;
         if (rest_) {
             *end++ = '1';
             power -= scale;
         }
-        const std::int64_t size = power + static_cast<std::int64_t>(count_) * scale;
         *end++ = mark;
         end = std::to_chars(end, digits_.data() + digits_.size(),
                             std::clamp<std::int64_t>(power, -99999, 99999))
@@ -177,23 +209,22 @@ private:
         double value = 0;
         const auto result = std::from_chars(digits_.data(), end, value, format);
         if (result.ec == std::errc()) return value;
-        return size > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+        return large ? std::numeric_limits<double>::infinity() : 0.0;
     }
 
-    unsigned base_;
+    bool hexadecimal_;
     bool any_ = false;
     bool rest_ = false;
     std::size_t count_ = 0;
-    std::uint64_t value_ = 0;
     std::int64_t exponent_ = 0;
     std::int64_t dropped_ = 0;
     std::array<char, kKept + 16> digits_;
 };
 
 /// Reads "e+5" and the like; without a digit nothing is taken. Huge exponents stay far outside every range.
-std::int64_t ReadExponent(Cursor& text, wchar_t mark) {
+std::int64_t ReadExponent(Cursor& text, char mark) {
     constexpr std::int64_t limit = std::int64_t{1} << 40;
-    if (text.PeekLower() != mark) return 0;
+    if (!text.IsAt(mark)) return 0;
     const wchar_t* const start = text.At();
     text.Step();
     const bool minus = text.TakeSign();
@@ -206,41 +237,63 @@ std::int64_t ReadExponent(Cursor& text, wchar_t mark) {
     return minus ? -value : value;
 }
 
-/// "0x" followed by a hexadecimal digit, perhaps behind a point.
-bool ReadHexadecimal(Cursor& text, double& value) {
+/// Digits with perhaps a point among them; false and nothing taken when there is no digit.
+bool ReadSignificand(Cursor& text, Significand& digits) {
     const wchar_t* const start = text.At();
-    if (!text.TakeWord("0x")) return false;
-    Significand digits(16);
     digits.Read(text, false);
     if (text.Peek() == L'.') {
-        const wchar_t* const point = text.At();
         text.Step();
         digits.Read(text, true);
-        if (!digits.Any()) text.MoveTo(point);
     }
-    if (!digits.Any()) {
-        text.MoveTo(start);
-        return false;
-    }
-    digits.Exponent() = digits.Exponent() * 4 + ReadExponent(text, L'p');
-    value = digits.Hexadecimal();
-    return true;
+    if (!digits.Any()) text.MoveTo(start);
+    return digits.Any();
 }
 
-bool ReadDecimal(Cursor& text, double& value) {
+/// The digits behind "0x", where `text` stands at the x; without one the number is the zero before it.
+double ReadHexadecimal(Cursor& text) {
     const wchar_t* const start = text.At();
-    Significand digits(10);
-    digits.Read(text, false);
+    text.Step();
+    Significand digits(true);
+    if (ReadSignificand(text, digits)) return digits.Hexadecimal(ReadExponent(text, 'p'));
+    text.MoveTo(start);
+    return 0;
+}
+
+/// Appends digits to `value`, modulo 2^64, and returns their number.
+std::int64_t ReadDigits(Cursor& text, std::uint64_t& value) {
+    const wchar_t* const start = text.At();
+    for (; IsDigit(text.Peek()); text.Step())
+        value = value * 10 + static_cast<std::uint64_t>(text.Peek() - L'0');
+    return text.At() - start;
+}
+
+/// The number from `start` on, by its digits one after the other: for those that Multiply() does not cover.
+double ReadAgain(Cursor text, const wchar_t* start, std::int64_t exponent) {
+    text.MoveTo(start);
+    Significand all(false);
+    ReadSignificand(text, all);
+    return all.Decimal(exponent);
+}
+
+bool ReadFinite(Cursor& text, double& value) {
+    const wchar_t* const start = text.At();
+    std::uint64_t digits = 0;
+    std::int64_t count = ReadDigits(text, digits);
+    std::int64_t decimals = 0;
     if (text.Peek() == L'.') {
         text.Step();
-        digits.Read(text, true);
+        decimals = ReadDigits(text, digits);
+        count += decimals;
+    } else if (text.IsAt('x') && count == 1 && digits == 0) {
+        value = ReadHexadecimal(text);
+        return true;
     }
-    if (!digits.Any()) {
+    if (count == 0) {
         text.MoveTo(start);
         return false;
     }
-    digits.Exponent() += ReadExponent(text, L'e');
-    value = digits.Decimal();
+    const std::int64_t exponent = ReadExponent(text, 'e');
+    if (count > 19 || !Multiply(digits, exponent - decimals, value)) value = ReadAgain(text, start, exponent);
     return true;
 }
 
@@ -269,7 +322,7 @@ double ReadDouble(Cursor& text, bool& found) {
     text.SkipSpace();
     const bool minus = text.TakeSign();
     double value = 0;
-    found = ReadHexadecimal(text, value) || ReadDecimal(text, value) || ReadName(text, value);
+    found = ReadFinite(text, value) || ReadName(text, value);
     return found ? std::copysign(value, minus ? -1.0 : 1.0) : 0.0;
 }
 

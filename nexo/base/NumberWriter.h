@@ -1,5 +1,5 @@
-#ifndef NEXO_BASE_NUMBERTEXT_H
-#define NEXO_BASE_NUMBERTEXT_H
+#ifndef NEXO_BASE_NUMBERWRITER_H
+#define NEXO_BASE_NUMBERWRITER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -9,11 +9,12 @@
 /// Digits of numbers written straight into a buffer, for the printf core and for writers of records and
 /// documents.
 ///
-/// All functions write without a terminator and return the end. They exist for `wchar_t` and `char`.
+/// All functions write without a terminator and return the end; up to the room that they ask for, anything
+/// may be left behind the end. They exist for `wchar_t` and `char`.
 namespace nexo {
 
 /// Room that the integer writers need.
-inline constexpr std::size_t kIntegerRoom = 20;
+inline constexpr std::size_t kIntegerRoom = 24;
 
 template <class Ch>
 NEXO_API Ch* WriteUnsigned(Ch* out, std::uint64_t value) noexcept;
@@ -27,9 +28,15 @@ struct FloatStyle {
     bool alternate = false;  ///< "#": always a point, and %g keeps its trailing zeros
 };
 
-/// Room that WriteFloat needs for any value.
-inline constexpr std::size_t FloatRoom(int precision) {
-    return 330 + static_cast<std::size_t>(precision);
+/// Room for a value with `decimals` places behind the point.
+inline constexpr std::size_t FixedRoom(double value, int decimals) {
+    const bool large = !(value < 1e15 && value > -1e15);
+    return (large ? 350 : 40) + static_cast<std::size_t>(decimals);
+}
+
+/// Room that WriteFloat needs.
+inline constexpr std::size_t FloatRoom(double value, const FloatStyle& style) {
+    return FixedRoom(style.letter == 'f' ? value : 0, style.precision);
 }
 
 /// Writes a finite value without its sign, correctly rounded at any size and precision (ties to even), with a
@@ -38,11 +45,15 @@ template <class Ch>
 NEXO_API Ch* WriteFloat(Ch* out, double value, const FloatStyle& style) noexcept;
 
 /// Room that WriteGeneral needs.
-inline constexpr std::size_t kGeneralRoom = 16;
+inline constexpr std::size_t kGeneralRoom = 40;
 
 /// Writes any value as "%g" does: sign, six significant digits, "inf", "nan".
 template <class Ch>
 NEXO_API Ch* WriteGeneral(Ch* out, double value) noexcept;
+
+/// Writes any value as "%.<decimals>f" does; needs FixedRoom().
+template <class Ch>
+NEXO_API Ch* WriteFixed(Ch* out, double value, int decimals) noexcept;
 
 }  // namespace nexo
 
