@@ -218,10 +218,11 @@ void CList<T, ARG>::AddTail(const CList* other) {
 
 template <class T, class ARG>
 void CList<T, ARG>::RemoveAt(POSITION pos) {
-    std::destroy_at(&At(pos));
+    T& element = At(pos);
     (pos->prev ? pos->prev->next : m_head) = pos->next;
     (pos->next ? pos->next->prev : m_tail) = pos->prev;
     --m_count;
+    std::destroy_at(&element);
     m_pool.Give(static_cast<Node*>(pos));
     if (m_count == 0) m_pool.Clear();
 }
