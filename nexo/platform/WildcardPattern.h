@@ -23,6 +23,9 @@ public:
     /// allocation.
     [[nodiscard]] bool Matches(std::wstring_view name) const;
 
+    /// Whether a listing with this pattern shows "." and "..", which come together.
+    [[nodiscard]] bool MatchesDotEntries() const;
+
     [[nodiscard]] bool MatchesEverything() const { return everything_; }
 
     /// Whether the pattern names one file only, in whatever case.
@@ -32,6 +35,7 @@ private:
     std::wstring elements_;  // upper-cased, wildcards replaced by the codes of the source file
     bool everything_ = false;
     bool plain_ = false;
+    bool suffix_ = false;
 };
 
 }  // namespace nexo::platform
