@@ -47,7 +47,7 @@ public:
     void Fill(std::size_t count, Ch character) { end_ = std::fill_n(Reserve(count), count, character); }
 
     /// Hands the text over; the builder is not to be used afterwards.
-    void AssignTo(BasicString<Ch>& out) {
+    void AssignTo(StringStorage<Ch>& out) {
         constexpr std::size_t block = TextBlock<Ch>::kSize;
         const std::size_t size = Size();
         if (size > 0 && std::max<std::size_t>(size, block) <= out.Header()->capacity && out.IsAlone()) {
@@ -62,7 +62,7 @@ public:
         heap_.ReleaseBuffer(static_cast<int>(size));
         out = std::move(heap_);
     }
-    void AppendTo(BasicString<Ch>& out) { out.AppendUnits(begin_, Size()); }
+    void AppendTo(StringStorage<Ch>& out) { out.AppendUnits(begin_, Size()); }
 
 private:
     static constexpr std::size_t kOnStack = 256;
