@@ -1,0 +1,198 @@
+#include "nexo/diag/Logger.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <ctime>
+
+#include "nexo/base/Format.h"
+#include "nexo/base/Time.h"
+#include "nexo/diag/ModuleVersion.h"
+#include "nexo/platform/Clock.h"
+#include "nexo/platform/CodePage.h"
+#include "nexo/platform/Error.h"
+#include "nexo/platform/FileSearch.h"
+#include "nexo/platform/FileSystem.h"
+
+namespace {
+
+using nexo::platform::ByteBuffer;
+using nexo::platform::File;
+
+constexpr std::string_view header = "Group;Message;Current File;Source File;Line;Time\n";
+constexpr std::size_t largestKeptBuffer = 65536;
+
+CString DefaultName() {
+    const CTime now = CTime::GetCurrentTime();
+    return nexo::Formatted(L"Log_%i.%i.%i.csv", now.GetYear(), now.GetMonth(), now.GetDay());
+}
+
+/// Logs are read with spreadsheets, so their bytes are those of the library's other text files.
+void AddText(ByteBuffer& line, std::wstring_view text) {
+    nexo::platform::FromWide(nexo::platform::kCodePageWindows1252, text, line);
+}
+
+/// Makes the bytes of a message fit for one field of one line.
+void Clean(char* message, std::size_t size) {
+    const bool lineFeed = std::memchr(message, '\n', size) != nullptr;
+    for (char* at = message; at != message + size; ++at) {
+        if (*at == ';') *at = ',';
+        if (lineFeed && (*at == '\n' || *at == '\r')) *at = '|';
+    }
+}
+
+void PutDigits(int number, int count, char* out) {
+    for (int i = count; i-- > 0; number /= 10) out[i] = static_cast<char>('0' + number % 10);
+}
+
+/// Days that are over, rounded down also before the beginning.
+std::int64_t WholeDays(std::int64_t ticks) {
+    constexpr std::int64_t ticksPerDay = 86400 * nexo::platform::kTicksPerSecond;
+    return ticks / ticksPerDay - (ticks % ticksPerDay < 0 ? 1 : 0);
+}
+
+/// Whether a log holds the file open, in this process or another.
+bool IsBeingWritten(const CString& file) {
+    File probe;
+    return !probe.Open(file, File::Mode::kAppend, File::Share::kReadOnly) &&
+           nexo::platform::LastError() == nexo::platform::kErrorSharingViolation;
+}
+
+CString Joined(const CString& directory, const CString& name) {
+    const bool ended = directory.Right(1).FindOneOf(L"\\/") == 0;
+    return ended ? directory + name : directory + L'\\' + name;
+}
+
+/// A file name up to the dot of its extension.
+CString WithoutExtension(const CString& name) {
+    const int dot = name.ReverseFind(L'.');
+    return dot > name.ReverseFind(L'\\') && dot > name.ReverseFind(L'/') ? name.Left(dot) : name;
+}
+
+}  // namespace
+
+CLogger& CLogger::GetInstance() {
+    static auto& logger = *new CLogger;  // writable until the process ends, whatever is destroyed before
+    return logger;
+}
+
+void CLogger::SetCurrentFile(const CString& file) {
+    currentFile_.Clear();
+    AddText(currentFile_, file.View());
+}
+
+CString CLogger::Directory() const {
+    return directory_.IsEmpty() ? nexo::platform::TemporaryDirectory() : directory_;
+}
+
+int CLogger::Start() {
+    if (IsStarted()) return 1;
+    if (logName_.IsEmpty()) logName_ = DefaultName();
+    directory_ = Directory();
+    if (!nexo::platform::DirectoryExists(directory_) && !nexo::platform::CreateDirectory(directory_) &&
+        !nexo::platform::DirectoryExists(directory_))
+        return 0;
+    filePath_ = Joined(directory_, WithoutExtension(logName_) + L".csv");
+    return OpenFile() ? 1 : 0;
+}
+
+/// Opens the file, or one of another name when it cannot be had although it exists.
+bool CLogger::OpenFile() {
+    const bool existed = nexo::platform::FileExists(filePath_);
+    if (file_.Open(filePath_, File::Mode::kAppend, File::Share::kReadOnly)) return existed || WriteHeader();
+    // Another process may have made it meanwhile.
+    if (!existed && nexo::platform::LastError() != nexo::platform::kErrorSharingViolation) return false;
+    return OpenAnotherFile();
+}
+
+bool CLogger::OpenAnotherFile() {
+    const CString oldName = WithoutExtension(logName_);
+    std::uint32_t tick = nexo::platform::TickCount();
+    for (int attempt = 0; attempt < 16; ++attempt, ++tick) {
+        logName_.Format(L"%s_%u.csv", oldName, tick);
+        filePath_ = Joined(directory_, logName_);
+        if (nexo::platform::FileExists(filePath_))
+            continue;  // of a process that started in the same millisecond
+        if (file_.Open(filePath_, File::Mode::kAppend, File::Share::kReadOnly)) return WriteHeader();
+        if (nexo::platform::LastError() != nexo::platform::kErrorSharingViolation) break;
+    }
+    return false;
+}
+
+/// A log whose very first line does not fit on the disk is none.
+bool CLogger::WriteHeader() {
+    if (file_.Size() > 0 || file_.Append(header)) return true;
+    const unsigned int error = nexo::platform::LastError();
+    file_.Close();
+    nexo::platform::DeleteFile(filePath_);
+    nexo::platform::SetLastError(error);
+    return false;
+}
+
+void CLogger::WriteLine(const wchar_t* group, const Position* position, const wchar_t* format,
+                        std::span<const nexo::FormatArg> args) {
+    if (!file_.IsOpen()) return;
+    line_.Clear();
+    AddText(line_, group ? group : L"(null)");
+    line_.Append(";");
+    AddMessage(format, args);
+    line_.Append(";");
+    line_.Append(currentFile_.View());
+    AddPosition(position);
+    AddTime();
+    file_.Append(line_.View());
+    if (line_.Capacity() > largestKeptBuffer) line_ = {};
+}
+
+void CLogger::AddMessage(const wchar_t* format, std::span<const nexo::FormatArg> args) {
+    nexo::FormatInto(message_, format, args);
+    if (message_.View().starts_with(L'-')) line_.Append(" ");
+    const std::size_t start = line_.Size();
+    AddText(line_, message_.View());
+    Clean(line_.Data() + start, line_.Size() - start);
+    if (message_.GetAllocLength() > static_cast<int>(largestKeptBuffer)) message_ = CString();
+}
+
+void CLogger::AddPosition(const Position* position) {
+    if (!position) return line_.Append(";;;");
+    char number[12] = {';'};
+    char* end = std::to_chars(number + 1, std::end(number), position->line).ptr;
+    *end++ = ';';
+    line_.Append(";");
+    line_.Append(position->file ? position->file : "(null)");
+    line_.Append({number, end});
+}
+
+/// The milliseconds are those of the tick count, not of the second: the two need not turn together.
+void CLogger::AddTime() {
+    if (const std::int64_t now = std::time(nullptr); now != second_) {
+        const CTime time(now);
+        PutDigits(time.GetHour(), 2, time_);
+        PutDigits(time.GetMinute(), 2, time_ + 3);
+        PutDigits(time.GetSecond(), 2, time_ + 6);
+        second_ = now;
+    }
+    PutDigits(static_cast<int>(nexo::platform::TickCount() % 1000), 3, time_ + 9);
+    line_.Append({time_, sizeof time_ - 1});
+}
+
+void CLogger::WriteStartup(const CString& module) {
+    nexo::ModuleVersion version;
+    if (nexo::FindModuleVersion(module, version)) {
+        Write(L"Start", L"Version %s (%.0f)", version.text, version.build);
+    } else {
+        Write(L"Start", L"Version information is missing");
+    }
+}
+
+void CLogger::PurgeLogFiles(int days) {
+    const CString directory = Directory();
+    const std::int64_t now = nexo::platform::SystemTimeTicks();
+    nexo::platform::FileSearch search;
+    for (bool more = search.Open(Joined(directory, L"*.csv")); more; more = search.Next()) {
+        nexo::platform::FileInfo info;
+        if (search.IsDirectory() || !search.Info(info) || WholeDays(now - info.written) <= days) continue;
+        const CString file = Joined(directory, CString(search.Name()));
+        if (!IsBeingWritten(file)) nexo::platform::DeleteFile(file);
+    }
+}
