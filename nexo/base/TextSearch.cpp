@@ -2,25 +2,15 @@
 
 #include <string>
 
+#include "nexo/base/BorderSearch.h"
+
 namespace nexo {
 namespace {
 
-/// Finds by a table of how far `part` matches itself, never stepping back in `text` (Knuth, Morris, Pratt).
 template <class Ch>
-std::size_t FindByTable(std::basic_string_view<Ch> text, std::basic_string_view<Ch> part, std::size_t from) {
-    std::vector<std::uint32_t> border(part.size());
-    for (std::size_t i = 1, matched = 0; i < part.size(); ++i) {
-        while (matched > 0 && part[i] != part[matched]) matched = border[matched - 1];
-        matched += part[i] == part[matched];
-        border[i] = static_cast<std::uint32_t>(matched);
-    }
-    for (std::size_t i = from, matched = 0; i < text.size(); ++i) {
-        while (matched > 0 && text[i] != part[matched]) matched = border[matched - 1];
-        matched += text[i] == part[matched];
-        if (matched == part.size()) return i + 1 - matched;
-    }
-    return text.npos;
-}
+struct Exact {
+    static Ch Fold(Ch c) { return c; }
+};
 
 template <class Ch>
 std::size_t MatchedLength(const Ch* a, const Ch* b, std::size_t length) {
@@ -44,7 +34,7 @@ std::size_t Find(std::basic_string_view<Ch> text, std::basic_string_view<Ch> par
         const std::size_t matched = MatchedLength(found, part.data(), part.size());
         if (matched == part.size()) return at;
         compared += matched;
-        if (compared > 256 + 4 * (at - from)) return FindByTable(text, part, at);
+        if (compared > 256 + 4 * (at - from)) return FindByBorders<Exact<Ch>>(text, part, at);
     }
     return text.npos;
 }
