@@ -27,14 +27,17 @@
 /// Copies are cheap and go on reading from the same place.
 class NEXO_API CMoxSubStr {
 public:
-    CMoxSubStr() = default;
+    constexpr CMoxSubStr() { m_reader.SetSeparator(ColonWithoutLength()); }
 
     /// Starts to read `text`, which must outlive the reading. False when it is null or begins with its end, a
     /// carriage return or a line feed.
-    bool GetInit(const wchar_t* text, wchar_t sep);
+    bool GetInit(const wchar_t* text, wchar_t sep) { return GetInit(text, nexo::RecordSeparator(sep)); }
     /// The same with a separator of several characters, which is not copied. Its characters may be met
     /// scattered: with "ab", "xaxb" ends after its "b" and gives "xa" (stored records rely on it).
-    bool GetInit(const wchar_t* text, const wchar_t* sep);
+    bool GetInit(const wchar_t* text, const wchar_t* sep) {
+        return GetInit(text, nexo::RecordSeparator(sep));
+    }
+    bool GetInit(const wchar_t* text, const nexo::RecordSeparator& sep);
 
     /// Reads the next field. True while more may follow: "a:b" gives "a" and true, then "b" and false; "a:b:"
     /// gives "" and false after "b". At the end of the text `out` becomes "" if `clear` is set, else it
@@ -59,8 +62,9 @@ public:
     bool Get(bool& v, bool flag);
 
     /// Starts to write a record.
-    void AddInit(wchar_t sep);
-    void AddInit(const wchar_t* sep);
+    void AddInit(wchar_t sep) { AddInit(nexo::RecordSeparator(sep)); }
+    void AddInit(const wchar_t* sep) { AddInit(nexo::RecordSeparator(sep)); }
+    void AddInit(const nexo::RecordSeparator& sep);
 
     /// Appends a field, escaped, and the separator. `s` may lie in the write buffer itself; null is "".
     ///
@@ -80,9 +84,12 @@ public:
     /// Ends the record: drops the last separator, puts the text into `out` and empties the write buffer.
     void AddEnd(CString& out);
 
-    /// The one-character separator; 0 while a string is in force.
+    /// The separator: a character, and null; or 0, and the string.
     [[nodiscard]] wchar_t getSeparatorChar() const;
     [[nodiscard]] wchar_t* getSeparatorString() const;
+
+    /// What Get() reads with, for loops that do without copies.
+    [[nodiscard]] nexo::RecordReader& Reader() { return m_reader; }
 
     /// The shared write buffer; it moves when a record outgrows it.
     [[nodiscard]] wchar_t* rawData();
@@ -92,19 +99,20 @@ public:
     static bool bSubstrReadRawTrData;
 
 private:
-    template <class T>
+    /// A new writer puts ":" behind every field, but AddEnd() drops nothing: its records keep their last
+    /// colon, as stored ones do.
+    static constexpr nexo::RecordSeparator ColonWithoutLength() {
+        nexo::RecordSeparator separator(L':');
+        separator.length = 0;
+        return separator;
+    }
+    template <class As, class T>
     bool GetInteger(T& v, bool force);
     template <class T>
     bool GetFloating(T& v, bool force, std::size_t commas);
-    template <class T>
-    void AddFloating(T v);
 
     nexo::RecordReader m_reader;
     std::size_t m_written = 0;
-    wchar_t m_separator = L':';
-    const wchar_t* m_separatorString = nullptr;
-    std::size_t m_separatorLength = 0;
-    bool m_usesString = false;
 };
 
 /// The members of CMoxSubStr on one static instance: one record at a time for the whole process.

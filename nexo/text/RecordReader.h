@@ -2,6 +2,7 @@
 #define NEXO_TEXT_RECORDREADER_H
 
 #include <cstddef>
+#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -42,14 +43,21 @@ public:
     [[nodiscard]] static RecordBuffer& SharedForWriting();
 
     /// Memory for at least `capacity` characters and a terminator, with its content kept. Growing at least
-    /// doubles it and moves it. Throws std::bad_alloc and changes nothing.
-    wchar_t* Reserve(std::size_t capacity);
+    /// doubles it and may move it. Throws std::bad_alloc and changes nothing.
+    wchar_t* Reserve(std::size_t capacity) {
+        return data_ && capacity <= capacity_ ? data_.get() : Grow(capacity);
+    }
 
     [[nodiscard]] wchar_t* Data() { return Reserve(0); }
     [[nodiscard]] bool Holds(const wchar_t* position) const;
 
 private:
-    std::unique_ptr<wchar_t[]> data_;
+    struct Free {
+        void operator()(wchar_t* memory) const { std::free(memory); }
+    };
+    wchar_t* Grow(std::size_t capacity);
+
+    std::unique_ptr<wchar_t, Free> data_;
     std::size_t capacity_ = 0;
 };
 
@@ -81,9 +89,9 @@ public:
     bool Skip(std::size_t count);
 
     /// Whether the text has ended; a reader without a text has.
-    [[nodiscard]] bool AtEnd() { return position_ == known_ && !Explore(); }
+    [[nodiscard]] bool AtEnd() { return EndsAt(position_); }
     /// Whether the record ends here before the text does: at LF or CR LF.
-    [[nodiscard]] bool AtLineBreak();
+    [[nodiscard]] bool AtLineBreak() { return !AtEnd() && BreaksAt(position_); }
     /// Whether no further field can be read: the end of the text or a line break.
     [[nodiscard]] bool AtRecordEnd() { return AtEnd() || AtLineBreak(); }
     /// False for a missing text and one that begins with its end, a CR (also a lone one) or an LF.
@@ -92,15 +100,15 @@ public:
     [[nodiscard]] const wchar_t* Position() const { return position_; }
     [[nodiscard]] const RecordSeparator& Separator() const { return separator_; }
     /// Takes effect from the next field on.
-    void SetSeparator(const RecordSeparator& separator) { separator_ = separator; }
+    constexpr void SetSeparator(const RecordSeparator& separator) { separator_ = separator; }
 
 private:
     bool Explore();
-    const wchar_t* FindStop(const wchar_t* from, wchar_t separator);
+    bool EndsAt(const wchar_t* position) { return (position == known_ && !Explore()) || *position == 0; }
     bool BreaksAt(const wchar_t* position);
-    bool NextByCharacter(std::wstring_view& field);
-    bool Assemble(const wchar_t* start, std::wstring_view& field);
-    bool SkipPlain(std::size_t count);
+    const wchar_t* FindStop(const wchar_t* from, wchar_t separator);
+    bool Assemble(std::wstring_view& field);
+    bool SkipByCharacter(std::size_t count);
 
     const wchar_t* position_ = nullptr;
     const wchar_t* known_ = nullptr;  // no zero character lies before it
@@ -108,11 +116,11 @@ private:
     RecordSeparator separator_;
 };
 
-/// Calls `use(field)` for every field of the record in order, where `field` is a std::wstring_view. Nothing
-/// is called for a record that BeginsWithField() refuses; an empty last field ("a:b:") counts.
+/// Calls `use(field)` for every field of the record in order, where `field` is a std::wstring_view. A
+/// record that begins with its end has none; an empty last field ("a:b:") counts.
 template <class Use>
 void ForEachField(RecordReader reader, Use&& use) {
-    if (!reader.BeginsWithField()) return;
+    if (reader.AtRecordEnd()) return;
     std::wstring_view field;
     for (bool more = true; more;) {
         more = reader.Next(field) && !reader.AtLineBreak();
