@@ -21,21 +21,38 @@ using nexo::platform::File;
 
 constexpr std::string_view header = "Group;Message;Current File;Source File;Line;Time\n";
 constexpr std::size_t largestKeptBuffer = 65536;
+constexpr std::size_t timeLength = 13;  // with its line end
 
 CString DefaultName() {
     const CTime now = CTime::GetCurrentTime();
     return nexo::Formatted(L"Log_%i.%i.%i.csv", now.GetYear(), now.GetMonth(), now.GetDay());
 }
 
+/// Narrows a text whose units are all of ASCII, which most are, and looks for the bytes that would break a
+/// field in the same pass. False when a unit is not of ASCII; `out` then holds anything.
+bool NarrowAscii(std::wstring_view text, char* out, bool& breaking) {
+    unsigned int bits = 0, found = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto unit = static_cast<unsigned int>(text[i]);
+        bits |= unit;
+        found |= static_cast<unsigned int>(unit == ';') | static_cast<unsigned int>(unit == '\n');
+        out[i] = static_cast<char>(unit);
+    }
+    breaking = found != 0;
+    return bits < 0x80;
+}
+
 /// Logs are read with spreadsheets, so their bytes are those of the library's other text files.
-void AddText(ByteBuffer& line, std::wstring_view text) {
-    nexo::platform::FromWide(nexo::platform::kCodePageWindows1252, text, line);
+ByteBuffer Narrow(std::wstring_view text) {
+    ByteBuffer bytes;
+    nexo::platform::FromWide(nexo::platform::kCodePageWindows1252, text, bytes);
+    return bytes;
 }
 
 /// Makes the bytes of a message fit for one field of one line.
-void Clean(char* message, std::size_t size) {
-    const bool lineFeed = std::memchr(message, '\n', size) != nullptr;
-    for (char* at = message; at != message + size; ++at) {
+void Clean(char* message, const char* end) {
+    const bool lineFeed = std::find(message, const_cast<char*>(end), '\n') != end;
+    for (char* at = message; at != end; ++at) {
         if (*at == ';') *at = ',';
         if (lineFeed && (*at == '\n' || *at == '\r')) *at = '|';
     }
@@ -44,6 +61,40 @@ void Clean(char* message, std::size_t size) {
 void PutDigits(int number, int count, char* out) {
     for (int i = count; i-- > 0; number /= 10) out[i] = static_cast<char>('0' + number % 10);
 }
+
+/// Writes one line into a buffer that has room for all of it.
+class LineWriter {
+public:
+    LineWriter(ByteBuffer& buffer, std::size_t room) {
+        buffer.Reserve(room);
+        begin_ = at_ = buffer.Data();
+    }
+    void Add(char byte) { *at_++ = byte; }
+    void Add(std::string_view bytes) { at_ = std::copy(bytes.begin(), bytes.end(), at_); }
+    void Add(int number) { at_ = std::to_chars(at_, at_ + 11, number).ptr; }
+    void Add(std::wstring_view text) { AddNarrowed(text); }
+
+    void AddMessage(std::wstring_view text) {
+        if (text.starts_with(L'-')) Add(' ');
+        char* start = at_;
+        if (AddNarrowed(text)) Clean(start, at_);
+    }
+    [[nodiscard]] std::string_view View() const { return {begin_, at_}; }
+
+private:
+    /// Whether the text may hold what breaks a field.
+    bool AddNarrowed(std::wstring_view text) {
+        bool breaking;
+        if (NarrowAscii(text, at_, breaking)) {
+            at_ += text.size();
+            return breaking;
+        }
+        Add(Narrow(text).View());  // never longer than the text
+        return true;
+    }
+
+    char *begin_, *at_;
+};
 
 /// Days that are over, rounded down also before the beginning.
 std::int64_t WholeDays(std::int64_t ticks) {
@@ -77,8 +128,7 @@ CLogger& CLogger::GetInstance() {
 }
 
 void CLogger::SetCurrentFile(const CString& file) {
-    currentFile_.Clear();
-    AddText(currentFile_, file.View());
+    currentFile_ = Narrow(file.View());
 }
 
 CString CLogger::Directory() const {
@@ -132,39 +182,29 @@ bool CLogger::WriteHeader() {
 void CLogger::WriteLine(const wchar_t* group, const Position* position, const wchar_t* format,
                         std::span<const nexo::FormatArg> args) {
     if (!file_.IsOpen()) return;
-    line_.Clear();
-    AddText(line_, group ? group : L"(null)");
-    line_.Append(";");
-    AddMessage(format, args);
-    line_.Append(";");
-    line_.Append(currentFile_.View());
-    AddPosition(position);
-    AddTime();
-    file_.Append(line_.View());
-    if (line_.Capacity() > largestKeptBuffer) line_ = {};
-}
-
-void CLogger::AddMessage(const wchar_t* format, std::span<const nexo::FormatArg> args) {
     nexo::FormatInto(message_, format, args);
-    if (message_.View().starts_with(L'-')) line_.Append(" ");
-    const std::size_t start = line_.Size();
-    AddText(line_, message_.View());
-    Clean(line_.Data() + start, line_.Size() - start);
-    if (message_.GetAllocLength() > static_cast<int>(largestKeptBuffer)) message_ = CString();
-}
-
-void CLogger::AddPosition(const Position* position) {
-    if (!position) return line_.Append(";;;");
-    char number[12] = {';'};
-    char* end = std::to_chars(number + 1, std::end(number), position->line).ptr;
-    *end++ = ';';
-    line_.Append(";");
-    line_.Append(position->file ? position->file : "(null)");
-    line_.Append({number, end});
+    const std::wstring_view groupText = group ? group : L"(null)";
+    const std::string_view place = position && position->file ? position->file : position ? "(null)" : "";
+    constexpr std::size_t others = 40;  // separators, line number and time
+    LineWriter line(line_,
+                    groupText.size() + message_.View().size() + currentFile_.Size() + place.size() + others);
+    line.Add(groupText);
+    line.Add(';');
+    line.AddMessage(message_.View());
+    line.Add(';');
+    line.Add(currentFile_.View());
+    line.Add(';');
+    line.Add(place);
+    line.Add(';');
+    if (position) line.Add(position->line);
+    line.Add(';');
+    line.Add({Time(), timeLength});
+    file_.Append(line.View());
+    ForgetLongLines();
 }
 
 /// The milliseconds are those of the tick count, not of the second: the two need not turn together.
-void CLogger::AddTime() {
+const char* CLogger::Time() {
     if (const std::int64_t now = std::time(nullptr); now != second_) {
         const CTime time(now);
         PutDigits(time.GetHour(), 2, time_);
@@ -172,8 +212,13 @@ void CLogger::AddTime() {
         PutDigits(time.GetSecond(), 2, time_ + 6);
         second_ = now;
     }
-    PutDigits(static_cast<int>(nexo::platform::TickCount() % 1000), 3, time_ + 9);
-    line_.Append({time_, sizeof time_ - 1});
+    PutDigits(static_cast<int>(nexo::platform::CoarseTickCount() % 1000), 3, time_ + 9);
+    return time_;
+}
+
+void CLogger::ForgetLongLines() {
+    if (line_.Capacity() > largestKeptBuffer) line_ = {};
+    if (message_.GetAllocLength() > static_cast<int>(largestKeptBuffer)) message_ = CString();
 }
 
 void CLogger::WriteStartup(const CString& module) {

@@ -91,9 +91,8 @@ private:
     bool WriteHeader();
     void WriteLine(const wchar_t* group, const Position* position, const wchar_t* format,
                    std::span<const nexo::FormatArg> args);
-    void AddMessage(const wchar_t* format, std::span<const nexo::FormatArg> args);
-    void AddPosition(const Position* position);
-    void AddTime();
+    const char* Time();
+    void ForgetLongLines();
 
     CString logName_;
     CString directory_;

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "nexo/base/CString.h"
@@ -120,6 +121,19 @@ const Base64Kernel& Kernel() {
     return *kernel;
 }
 
+/// The length of a text and of a head of it that has no character outside of the alphabet. Both are found
+/// piece by piece, so that the second look finds the text in the cache.
+std::pair<std::size_t, std::size_t> Measure(const char* text) {
+    constexpr std::size_t pieceSize = 16384;
+    std::size_t size = 0, good = 0;
+    for (const void* end = nullptr; !end;) {
+        end = std::memchr(text + size, 0, pieceSize);
+        size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - text) : size + pieceSize;
+        good += Kernel().span(text + good, size - good);
+    }
+    return {size, good};
+}
+
 /// Whether the `n` characters, of which the first `good` are of the alphabet, can be decoded.
 template <class Ch>
 Result Check(const Ch* in, std::size_t n, std::size_t good) {
@@ -214,9 +228,9 @@ int decode_get_length(int n) {
 
 int decode(const char* in, unsigned char* out, int& n) {
     if (!in || !out) return eNullPointer;
-    const std::size_t size = std::strlen(in);
+    const auto [size, good] = Measure(in);
     if (size / 4 > INT_MAX / 3) return eLength;
-    if (const Result fault = Check(in, size, Kernel().span(in, size)); fault != eOk) return fault;
+    if (const Result fault = Check(in, size, good); fault != eOk) return fault;
 
     const std::size_t done = Kernel().decode(in, Unpadded(in, size), out);
     const unsigned char* end = DecodeCharacters(in + done, size - done, out + done / 4 * 3);

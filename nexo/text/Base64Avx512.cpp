@@ -105,9 +105,12 @@ NEXO_AVX512 std::size_t Span(const char* in, std::size_t n) {
 
 NEXO_AVX512 std::size_t Decode(const char* in, std::size_t n, unsigned char* out) {
     std::size_t done = 0;
-    // 48 of the 64 bytes stored count; 88 characters make sure that there is room for the others.
-    for (__m512i faults = _mm512_setzero_si512(); n - done >= 88; done += 64, out += 48)
-        _mm512_storeu_si512(out, DecodeBlock(ValuesOf(Load(in + done), faults)));
+    for (__m512i faults = _mm512_setzero_si512(); n - done >= 64; done += 64, out += 48) {
+        const __m512i bytes = DecodeBlock(ValuesOf(Load(in + done), faults));
+        // One store of 64 bytes would nearly always touch two cache lines.
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm512_castsi512_si256(bytes));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 32), _mm512_extracti32x4_epi32(bytes, 2));
+    }
     return done;
 }
 

@@ -17,11 +17,18 @@ struct timespec Now(clockid_t clock) {
     return now;
 }
 
+std::uint32_t MillisecondsOf(const struct timespec& now) {
+    return static_cast<std::uint32_t>(now.tv_sec * 1000 + now.tv_nsec / 1000000);
+}
+
 }  // namespace
 
 std::uint32_t TickCount() {
-    const struct timespec now = Now(CLOCK_MONOTONIC);
-    return static_cast<std::uint32_t>(now.tv_sec * 1000 + now.tv_nsec / 1000000);
+    return MillisecondsOf(Now(CLOCK_MONOTONIC));
+}
+
+std::uint32_t CoarseTickCount() {
+    return MillisecondsOf(Now(CLOCK_MONOTONIC_COARSE));
 }
 
 std::int64_t PerformanceCounter() {
