@@ -60,7 +60,7 @@ bool IntersectPlanes(const moxBaseExtents& box, const moxBaseLine3d& line, HitLi
 
 // The same for ordinary numbers, two parallel faces side by side. With axes along edges five of the six terms
 // of each determinant are products with an exact zero. Leaving them out changes no bit of the result while
-// all numbers are finite, except that a numerator of zero must be +0.
+// no product of two numbers overflows, except that a numerator of zero must be +0.
 class FacePairs {
 public:
     FacePairs(const moxBaseExtents& box, const moxBaseLine3d& line)
@@ -78,10 +78,10 @@ public:
         const Two ways = Magnitude(x) + Magnitude(y) + Magnitude(z);
         const double rest =
             (std::fabs(m_dir[0]) + dx) + (std::fabs(m_dir[1]) + dy) + (std::fabs(m_dir[2]) + dz);
-        m_isOrdinary = ways[0] + ways[1] + rest < 1e300;
+        m_isOrdinary = ways[0] + ways[1] + rest < 1e150;
     }
 
-    // False when a number is infinite, NaN or close to the largest double; nothing else is valid then.
+    // False when a number is infinite, NaN or too large for that; nothing else is valid then.
     bool IsOrdinary() const { return m_isOrdinary; }
 
     bool Collect(const moxBaseLine3d& line, HitList hits) const {

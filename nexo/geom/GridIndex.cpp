@@ -53,8 +53,8 @@ NEXO_GEOM_AVX2 Scan ScanRowAvx2(const GridView& grid, double v) {
     FourBits before = {0, 0, 0, 0};
     int i = 0;
     for (; i + 4 < grid.count; i += 4) {
-        const Four a = *reinterpret_cast<const Four*>(grid.values + i);
-        const Four b = *reinterpret_cast<const Four*>(grid.values + i + 1);
+        const Four a = NEXO_GEOM_LOAD(grid.values + i);
+        const Four b = NEXO_GEOM_LOAD(grid.values + i + 1);
         strict &= Ascending ? a < b : a > b;
         before -= Ascending ? a < value : a > value;
     }

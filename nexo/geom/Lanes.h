@@ -17,8 +17,7 @@ using Two = double __attribute__((vector_size(16)));
 using TwoBits = long long __attribute__((vector_size(16)));
 
 /// Four doubles, and the answers of their comparisons (0 or all bits), for functions marked NEXO_GEOM_AVX2.
-/// They may stand at any address that suits a double.
-using Four = double __attribute__((vector_size(32), aligned(8), may_alias));
+using Four = double __attribute__((vector_size(32)));
 using FourBits = long long __attribute__((vector_size(32)));
 
 inline Two Magnitude(Two v) {
@@ -26,14 +25,15 @@ inline Two Magnitude(Two v) {
 }
 
 // Below: NEXO_GEOM_AVX2 marks functions to call only when NEXO_GEOM_HAS_AVX2 is true, NEXO_GEOM_SPREAD puts a
-// number in memory into all lanes of a Four there. Less compares two lanes (all bits where true), And joins
-// such answers and AnswerBits gives them as bits 0 and 1: compilers take a detour for a conjunction that is
-// not written in the processor's own terms.
+// number in memory into all lanes of a Four there, NEXO_GEOM_LOAD reads four doubles from any address. Less
+// compares two lanes (all bits where true), And joins such answers and AnswerBits gives them as bits 0 and 1:
+// compilers take a detour for a conjunction that is not written in the processor's own terms.
 #if defined(NEXO_GEOM_X86)
 
 #define NEXO_GEOM_AVX2 __attribute__((target("avx2")))
 #define NEXO_GEOM_HAS_AVX2 __builtin_cpu_supports("avx2")
 #define NEXO_GEOM_SPREAD(number) nexo::Four(_mm256_broadcast_sd(&(number)))
+#define NEXO_GEOM_LOAD(numbers) nexo::Four(_mm256_loadu_pd(numbers))
 
 inline Two Less(Two a, Two b) {
     return _mm_cmplt_pd(a, b);
@@ -49,10 +49,10 @@ inline unsigned AnswerBits(Two answers) {
 
 #define NEXO_GEOM_AVX2
 #define NEXO_GEOM_HAS_AVX2 false
-#define NEXO_GEOM_SPREAD(number)       \
-    nexo::Four {                       \
-        number, number, number, number \
-    }
+// clang-format off
+#define NEXO_GEOM_SPREAD(number) nexo::Four{number, number, number, number}
+#define NEXO_GEOM_LOAD(numbers) nexo::Four{(numbers)[0], (numbers)[1], (numbers)[2], (numbers)[3]}
+// clang-format on
 
 inline Two Less(Two a, Two b) {
     return reinterpret_cast<Two>(a < b);

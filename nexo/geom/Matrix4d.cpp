@@ -1,5 +1,7 @@
 #include "nexo/geom/Matrix4d.h"
 
+#include <cstring>
+
 #include "nexo/geom/Lanes.h"
 
 namespace {
@@ -8,12 +10,14 @@ using Rows = double[4][4];
 
 NEXO_GEOM_AVX2 void ProductAvx2(const Rows& a, const Rows& b, Rows& out) {
     using nexo::Four;
-    const Four b0 = *reinterpret_cast<const Four*>(b[0]);
-    const Four b1 = *reinterpret_cast<const Four*>(b[1]);
-    const Four b2 = *reinterpret_cast<const Four*>(b[2]);
-    const Four b3 = *reinterpret_cast<const Four*>(b[3]);
-    for (int i = 0; i < 4; ++i)
-        *reinterpret_cast<Four*>(out[i]) = a[i][0] * b0 + a[i][1] * b1 + a[i][2] * b2 + a[i][3] * b3;
+    const Four b0 = NEXO_GEOM_LOAD(b[0]);
+    const Four b1 = NEXO_GEOM_LOAD(b[1]);
+    const Four b2 = NEXO_GEOM_LOAD(b[2]);
+    const Four b3 = NEXO_GEOM_LOAD(b[3]);
+    for (int i = 0; i < 4; ++i) {
+        const Four row = a[i][0] * b0 + a[i][1] * b1 + a[i][2] * b2 + a[i][3] * b3;
+        std::memcpy(out[i], &row, sizeof row);
+    }
 }
 
 void ProductPlain(const Rows& a, const Rows& b, Rows& out) {
