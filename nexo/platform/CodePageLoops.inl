@@ -1,16 +1,14 @@
 // The conversion loops, compiled once per instruction set. The including source defines
 //   NEXO_KERNEL  the attributes of every function here, and
-//   Block        the primitives that its instruction set does well:
-//     kUnits                       how many units WidenAscii, WidenPage, NarrowAscii and NarrowPage handle
-//     WidenAscii(in, out)          widens kUnits bytes; the number of leading bytes below 80
-//     NarrowAscii(in, out)         narrows kUnits units; the number of leading units below U+0080
-//     WidenPage(page, in, out)     kUnits bytes of a page
-//     NarrowPage(page, in, out)    kUnits units, or false (out holds anything) when that takes the slow way
-//     DecodePairs(in, out)         of 16 bytes: how many leading two-byte sequences (at most 8) were decoded
-//     DecodeTriples(in, out)       of 16 bytes: how many leading three-byte sequences (at most 4)
-//     EncodePairs(in, out)         of 8 units: how many leading ones take two bytes; writes 16
-//     EncodeTriples(in, out)       of 4 units: how many leading ones take three bytes; writes 16
-// What a primitive writes beyond its result lies within the bounds of the whole conversion.
+//   Block        the primitives that its instruction set does well, each on the start of the input:
+//     kUnits                       how many bytes or units of input they need
+//     WidenPage(page, in, size, out)   whole blocks of `size` bytes of a page; how many bytes that were
+//     NarrowPage(page, in, out)    the leading units that the page holds by themselves
+//     Decode(in, out)              leading characters of UTF-8
+//     Encode(in, out)              leading units, to UTF-8
+//   The last three advance `in` and `out` past what they have converted, which may be nothing; false when the next character
+//   has to be converted by itself. What they write beyond that lies within the bounds of the whole conversion: a unit
+//   for each byte, three bytes for each unit.
 
 using Byte = unsigned char;
 
@@ -95,82 +93,30 @@ NEXO_KERNEL inline std::size_t EncodeOne(const wchar_t*& in, const wchar_t* end,
     return malformed;
 }
 
-// One run of characters beyond ASCII, and the lone ASCII characters within it.
-NEXO_KERNEL inline std::size_t DecodeRun(const Byte*& in, const Byte* end, wchar_t*& out) {
-    std::size_t malformed = 0;
-    while (in != end && (*in >= 0x80 || (end - in > 1 && in[1] >= 0x80))) {
-        std::ptrdiff_t count = 0;
-        const int length = *in < 0xC2 ? 1 : *in < 0xE0 ? 2 : *in < 0xF0 ? 3 : 4;
-        if (end - in >= 16) {
-            if (length == 2) count = Block::DecodePairs(in, out);
-            if (length == 3) count = Block::DecodeTriples(in, out);
-        }
-        if (count == 0) {
-            malformed += DecodeOne(in, end, out);
-            continue;
-        }
-        in += count * length;
-        out += count;
-    }
-    return malformed;
-}
-
 NEXO_KERNEL Converted Utf8ToWide(const char* bytes, std::size_t size, wchar_t* out) {
     const Byte* in = reinterpret_cast<const Byte*>(bytes);
     const Byte* const end = in + size;
     wchar_t* const start = out;
     std::size_t malformed = 0;
-    while (end - in >= Block::kUnits) {
-        const std::ptrdiff_t ascii = Block::WidenAscii(in, out);
-        in += ascii;
-        out += ascii;
-        if (ascii < Block::kUnits) malformed += DecodeRun(in, end, out);
-    }
+    while (end - in >= Block::kUnits)
+        if (!Block::Decode(in, out)) malformed += DecodeOne(in, end, out);
     while (in != end) malformed += DecodeOne(in, end, out);
     return {static_cast<std::size_t>(out - start), malformed};
-}
-
-NEXO_KERNEL inline bool IsAscii(wchar_t unit) { return static_cast<std::uint32_t>(unit) < 0x80; }
-
-NEXO_KERNEL inline std::size_t EncodeRun(const wchar_t*& in, const wchar_t* end, char*& out) {
-    std::size_t malformed = 0;
-    while (in != end && (!IsAscii(in[0]) || (end - in > 1 && !IsAscii(in[1])))) {
-        std::ptrdiff_t count = 0;
-        const auto unit = static_cast<std::uint32_t>(*in);
-        const int length = unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
-        if (end - in >= 8) {
-            if (length == 2) count = Block::EncodePairs(in, out);
-            if (length == 3) count = Block::EncodeTriples(in, out);
-        }
-        if (count == 0) {
-            malformed += EncodeOne(in, end, out);
-            continue;
-        }
-        in += count;
-        out += count * length;
-    }
-    return malformed;
 }
 
 NEXO_KERNEL Converted WideToUtf8(const wchar_t* in, std::size_t size, char* out) {
     const wchar_t* const end = in + size;
     char* const start = out;
     std::size_t malformed = 0;
-    while (end - in >= Block::kUnits) {
-        const std::ptrdiff_t ascii = Block::NarrowAscii(in, out);
-        in += ascii;
-        out += ascii;
-        if (ascii < Block::kUnits) malformed += EncodeRun(in, end, out);
-    }
+    while (end - in >= Block::kUnits)
+        if (!Block::Encode(in, out)) malformed += EncodeOne(in, end, out);
     while (in != end) malformed += EncodeOne(in, end, out);
     return {static_cast<std::size_t>(out - start), malformed};
 }
 
 NEXO_KERNEL void PageToWide(const SingleBytePage& page, const char* bytes, std::size_t size, wchar_t* out) {
     const Byte* in = reinterpret_cast<const Byte*>(bytes);
-    const Byte* const end = in + size;
-    for (; end - in >= Block::kUnits; in += Block::kUnits, out += Block::kUnits) Block::WidenPage(page, in, out);
-    while (in != end) *out++ = page.wide[*in++];
+    for (std::size_t i = Block::WidenPage(page, in, size, out); i < size; ++i) out[i] = page.wide[in[i]];
 }
 
 // Composes the mark at `in` with the letter before it, already written as the last byte; false when the page does
@@ -182,28 +128,28 @@ NEXO_KERNEL inline bool ComposeLast(const SingleBytePage& page, const wchar_t* i
     return byte != 0;
 }
 
+// Narrows one unit; 1 when "?" replaces it.
+NEXO_KERNEL inline std::size_t NarrowOne(const SingleBytePage& page, const wchar_t* text, const wchar_t*& in,
+                                         char*& out) {
+    const Byte byte = page.ByteOf(static_cast<std::uint32_t>(*in));
+    if (byte == 0 && *in != 0 && in != text && ComposeLast(page, in, out)) {
+        ++in;
+        return 0;
+    }
+    const bool held = byte != 0 || *in == 0;
+    *out++ = held ? static_cast<char>(byte) : '?';
+    ++in;
+    return held ? 0 : 1;
+}
+
 NEXO_KERNEL Converted WideToPage(const SingleBytePage& page, const wchar_t* text, std::size_t size, char* out) {
     const wchar_t* in = text;
     const wchar_t* const end = in + size;
     char* const start = out;
     std::size_t malformed = 0;
-    while (in != end) {
-        if (end - in >= Block::kUnits && Block::NarrowPage(page, in, out)) {
-            in += Block::kUnits;
-            out += Block::kUnits;
-            continue;
-        }
-        const wchar_t* const stop = end - in > Block::kUnits ? in + Block::kUnits : end;
-        for (; in != stop; ++in) {
-            const Byte byte = page.ByteOf(static_cast<std::uint32_t>(*in));
-            if (byte != 0 || *in == 0) {
-                *out++ = static_cast<char>(byte);
-            } else if (in == text || !ComposeLast(page, in, out)) {
-                *out++ = '?';
-                ++malformed;
-            }
-        }
-    }
+    while (end - in >= Block::kUnits)
+        if (!Block::NarrowPage(page, in, out)) malformed += NarrowOne(page, text, in, out);
+    while (in != end) malformed += NarrowOne(page, text, in, out);
     return {static_cast<std::size_t>(out - start), malformed};
 }
 

@@ -9,17 +9,9 @@
 namespace nexo::platform {
 namespace {
 
+// Sixteen units at a time in the compiler's own vectors.
 struct Block {
     static constexpr std::ptrdiff_t kUnits = 16;
-
-    // Index of the first byte with its top bit set in eight bytes; 8 when there is none.
-    static int FirstHigh(std::uint64_t bytes) {
-        const std::uint64_t high = bytes & 0x8080808080808080u;
-        if (high == 0) return 8;
-        return (std::endian::native == std::endian::little ? std::countr_zero(high)
-                                                           : std::countl_zero(high)) /
-               8;
-    }
 
     typedef std::uint8_t Bytes __attribute__((vector_size(16)));
     typedef std::uint16_t Shorts __attribute__((vector_size(32)));
@@ -32,30 +24,6 @@ struct Block {
         std::memcpy(out, &words, sizeof words);
     }
 
-    static std::ptrdiff_t AsciiPrefix(const unsigned char* in) {
-        std::uint64_t halves[2];
-        std::memcpy(halves, in, sizeof halves);
-        const int first = FirstHigh(halves[0]);
-        return first < 8 ? first : 8 + FirstHigh(halves[1]);
-    }
-
-    static std::ptrdiff_t WidenAscii(const unsigned char* in, wchar_t* out) {
-        Widen(in, out);
-        return AsciiPrefix(in);
-    }
-
-    static void WidenPage(const SingleBytePage& page, const unsigned char* in, wchar_t* out) {
-        if (AsciiPrefix(in) == kUnits) return Widen(in, out);
-        for (std::ptrdiff_t i = 0; i < kUnits; ++i) out[i] = page.wide[in[i]];
-    }
-
-    // Whether all units lie below `limit`, a power of two.
-    static bool AllBelow(const wchar_t* in, std::uint32_t limit) {
-        std::uint32_t bits = 0;
-        for (std::ptrdiff_t i = 0; i < kUnits; ++i) bits |= static_cast<std::uint32_t>(in[i]);
-        return bits < limit;
-    }
-
     static void Narrow(const wchar_t* in, char* out) {
         Words words;
         std::memcpy(&words, in, sizeof words);
@@ -63,28 +31,78 @@ struct Block {
         std::memcpy(out, &bytes, sizeof bytes);
     }
 
-    static std::ptrdiff_t NarrowAscii(const wchar_t* in, char* out) {
-        Narrow(in, out);
-        if (AllBelow(in, 0x80)) return kUnits;
-        std::ptrdiff_t count = 0;
-        while (static_cast<std::uint32_t>(in[count]) < 0x80) ++count;
-        return count;
+    // Index of the first byte with its top bit set; kUnits when there is none.
+    static std::ptrdiff_t FirstHigh(const void* in) {
+        std::uint64_t halves[2];
+        std::memcpy(halves, in, sizeof halves);
+        for (std::ptrdiff_t i = 0; i < 2; ++i) {
+            const std::uint64_t high = halves[i] & 0x8080808080808080u;
+            if (high == 0) continue;
+            const bool little = std::endian::native == std::endian::little;
+            return 8 * i + (little ? std::countr_zero(high) : std::countl_zero(high)) / 8;
+        }
+        return kUnits;
     }
 
-    static bool NarrowPage(const SingleBytePage& page, const wchar_t* in, char* out) {
-        if (!AllBelow(in, page.latin ? 0x100 : 0x80)) return false;
-        Narrow(in, out);
-        if (!page.latin) return true;
-        unsigned int middle = 0;  // 80 to 9F are other characters in such a page
-        for (std::ptrdiff_t i = 0; i < kUnits; ++i) middle |= (out[i] & 0xE0) == 0x80;
-        return middle == 0;
+    // Whether all units lie below `limit`, a power of two.
+    static bool AllBelow(const wchar_t* in, std::uint32_t limit) {
+        std::uint64_t pairs[kUnits / 2];
+        std::memcpy(pairs, in, sizeof pairs);
+        std::uint64_t bits = 0;
+        for (const std::uint64_t pair : pairs) bits |= pair;
+        return ((bits | bits >> 32) & 0xFFFFFFFF) < limit;
     }
 
-    // Runs beyond ASCII are converted character by character.
-    static std::ptrdiff_t DecodePairs(const unsigned char*, wchar_t*) { return 0; }
-    static std::ptrdiff_t DecodeTriples(const unsigned char*, wchar_t*) { return 0; }
-    static std::ptrdiff_t EncodePairs(const wchar_t*, char*) { return 0; }
-    static std::ptrdiff_t EncodeTriples(const wchar_t*, char*) { return 0; }
+    static std::size_t WidenPage(const SingleBytePage& page, const unsigned char* in, std::size_t size,
+                                 wchar_t* out) {
+        std::size_t i = 0;
+        for (; i + kUnits <= size; i += kUnits) {
+            if (FirstHigh(in + i) == kUnits) {
+                Widen(in + i, out + i);
+            } else {
+                for (std::size_t j = 0; j < kUnits; ++j) out[i + j] = page.wide[in[i + j]];
+            }
+        }
+        return i;
+    }
+
+    static bool NarrowPage(const SingleBytePage& page, const wchar_t*& in, char*& out) {
+        std::ptrdiff_t count = kUnits;
+        if (AllBelow(in, 0x80)) {
+            Narrow(in, out);
+        } else {
+            for (count = 0; count < kUnits; ++count) {
+                const std::uint8_t byte = page.ByteOf(static_cast<std::uint32_t>(in[count]));
+                if (byte == 0 && in[count] != 0) break;
+                out[count] = static_cast<char>(byte);
+            }
+        }
+        in += count;
+        out += count;
+        return count == kUnits;
+    }
+
+    static bool Decode(const unsigned char*& in, wchar_t*& out) {
+        const std::ptrdiff_t count = FirstHigh(in);
+        if (count == 0) return false;
+        Widen(in, out);
+        in += count;
+        out += count;
+        return count == kUnits;
+    }
+
+    static bool Encode(const wchar_t*& in, char*& out) {
+        std::ptrdiff_t count = kUnits;
+        if (AllBelow(in, 0x80)) {
+            Narrow(in, out);
+        } else {
+            for (count = 0; static_cast<std::uint32_t>(in[count]) < 0x80; ++count)
+                out[count] = static_cast<char>(in[count]);
+        }
+        in += count;
+        out += count;
+        return count == kUnits;
+    }
 };
 
 #include "nexo/platform/CodePageLoops.inl"

@@ -51,6 +51,11 @@ constexpr SingleBytePage MakePage(std::u16string_view special) {
         const bool replaced = byte >= 0x80 && byte - 0x80 < special.size() && special[byte - 0x80] != u'?';
         page.wide[byte] = static_cast<wchar_t>(replaced ? special[byte - 0x80] : byte);
     }
+    for (unsigned int i = 0; i < 128; ++i) {
+        const auto unit = static_cast<std::uint32_t>(page.wide[0x80 + i]);
+        page.upper[0][i / 16][i % 16] = static_cast<std::uint8_t>(unit);
+        page.upper[1][i / 16][i % 16] = static_cast<std::uint8_t>(unit >> 8);
+    }
     std::uint8_t rows = 0;
     for (unsigned int byte = 0; byte < 256; ++byte) SetByte(page, rows, byte);
     return page;

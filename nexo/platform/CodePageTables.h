@@ -12,10 +12,11 @@ namespace nexo::platform {
 
 /// A single-byte code page in both directions.
 struct SingleBytePage {
-    wchar_t wide[256];           ///< unit of each byte
-    bool latin;                  ///< bytes A0 to FF are the units of the same value
-    std::uint8_t blockOf[256];   ///< row of `bytes` for the high byte of a unit; row 0 holds nothing
-    std::uint8_t bytes[9][256];  ///< byte of a unit by its low byte; 0 where there is none
+    wchar_t wide[256];             ///< unit of each byte
+    bool latin;                    ///< bytes A0 to FF are the units of the same value
+    std::uint8_t upper[2][8][16];  ///< low and high bytes of the units of bytes 80 to FF
+    std::uint8_t blockOf[256];     ///< row of `bytes` for the high byte of a unit; row 0 holds nothing
+    std::uint8_t bytes[9][256];    ///< byte of a unit by its low byte; 0 where there is none
 
     /// Byte of a unit; 0 for units that the page does not hold, and for U+0000.
     [[nodiscard]] std::uint8_t ByteOf(std::uint32_t unit) const {

@@ -1,5 +1,7 @@
 #include "nexo/platform/NativePath.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "nexo/base/CString.h"
@@ -15,9 +17,22 @@ namespace {
 constexpr wchar_t kEscapedByte = 0xDC00;       // plus the byte, 80 to FF
 constexpr wchar_t kEscapedCharacter = 0xF000;  // plus the character
 
+constexpr unsigned char kIllegal = 1;  // no name may hold it
+constexpr unsigned char kSpecial = 2;  // has a meaning in a path
+
+constexpr std::array<unsigned char, 0x80> MakeMeanings() {
+    std::array<unsigned char, 0x80> meanings{};
+    for (std::size_t i = 0; i < 0x20; ++i) meanings[i] = kIllegal;
+    for (const char c : std::string_view("|*?<>\"")) meanings[static_cast<std::size_t>(c)] = kIllegal;
+    for (const char c : std::string_view("\\:")) meanings[static_cast<std::size_t>(c)] = kSpecial;
+    return meanings;
+}
+
+constexpr std::array<unsigned char, 0x80> kMeaning = MakeMeanings();
+
 // What a native name may hold and the interface's form may not, or takes for something else.
 bool NeedsEscape(wchar_t unit) {
-    return IsIllegalInName(unit) || unit == L'\\' || unit == L':';
+    return static_cast<std::uint32_t>(unit) < 0x80 && kMeaning[static_cast<std::uint32_t>(unit)] != 0;
 }
 
 // Whether the unit is the escape of a character; the end of a name may also escape a dot or a blank.
@@ -60,6 +75,13 @@ void WidenByteByByte(std::string_view name, std::wstring& wide) {
         }
         name.remove_prefix(good ? sequence.size() : 1);
     }
+}
+
+// Whether a name is ASCII that means the same in both forms, as nearly all are.
+bool IsPlain(std::string_view name) {
+    unsigned int meaning = 0;
+    for (const char c : name) meaning |= c < 0 ? kSpecial : kMeaning[static_cast<std::size_t>(c)];
+    return meaning == 0 && (name.empty() || (name.back() != '.' && name.back() != ' '));
 }
 
 void EscapeCharacters(std::wstring& wide) {
@@ -128,8 +150,8 @@ bool IsDriveLetter(wchar_t unit) {
 }
 
 bool IsIllegalInName(wchar_t unit) {
-    return static_cast<std::uint32_t>(unit) < 0x20 ||
-           std::wstring_view(L"|*?<>\"").find(unit) != std::wstring_view::npos;
+    return static_cast<std::uint32_t>(unit) < 0x80 &&
+           (kMeaning[static_cast<std::uint32_t>(unit)] & kIllegal) != 0;
 }
 
 std::wstring_view WithoutTrailingDots(std::wstring_view text) {
@@ -208,6 +230,7 @@ std::string NativeNameFromWide(std::wstring_view name) {
 }
 
 void WideNameFromNative(std::string_view name, std::wstring& wide) {
+    if (IsPlain(name)) return void(wide.assign(name.begin(), name.end()));
     if (!ToWide(kCodePageUtf8, name, wide, Malformed::kRefuse) || HasEscapedCharacter(wide))
         WidenByteByByte(name, wide);
     if (name != "." && name != "..") EscapeCharacters(wide);
