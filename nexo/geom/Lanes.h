@@ -1,8 +1,9 @@
 #ifndef NEXO_GEOM_LANES_H
 #define NEXO_GEOM_LANES_H
 
+// Private to the library.
 // Several doubles computed side by side; every lane is rounded like the scalar operation, so results do not
-// depend on the processor. Internal to this folder's sources. NEXO_GEOM_PLAIN selects what other processors
+// depend on the processor. NEXO_GEOM_PLAIN selects what other processors
 // than x86-64 get; the tests run both.
 
 #if defined(__x86_64__) && !defined(NEXO_GEOM_PLAIN)
