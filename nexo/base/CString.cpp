@@ -255,7 +255,8 @@ BasicString<Ch> BasicString<Ch>::SpanExcluding(const Ch* set) const {
 template <class Ch>
 BasicString<Ch> BasicString<Ch>::Tokenize(const Ch* set, int& start) const {
     const CharSet<Ch> delimiters = SetOf(set);
-    StringView rest = start < 0 ? StringView() : View().substr(std::min<std::size_t>(start, View().size()));
+    StringView rest =
+        start < 0 ? StringView() : View().substr(std::min(static_cast<std::size_t>(start), View().size()));
     rest.remove_prefix(delimiters.Span(rest, true));
     if (rest.empty()) {
         start = -1;
