@@ -51,18 +51,6 @@ void Write(const moxBaseVector3d& v, double* out) {
     for (unsigned i = 0; i < 3; ++i) out[i] = v[i];
 }
 
-template <class T, class Make, class Run>
-Task OverBatch(const Operands& operands, int width, Make make, Run run) {
-    std::vector<T> batch;
-    for (int i = 0; i < operands.count; ++i) batch.push_back(make(operands[i]));
-    return [batch = std::move(batch), width, run](double* results) {
-        for (const T& operand : batch) {
-            run(operand, results);
-            results += width;
-        }
-    };
-}
-
 struct System {
     moxBaseMatrix3d m;
     moxBaseVector3d b;

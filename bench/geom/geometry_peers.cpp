@@ -12,19 +12,6 @@
 namespace nexo::bench {
 namespace {
 
-// A task over operands of type T, each made once by `make` from its numbers; `run` writes `width` results.
-template <class T, class Make, class Run>
-Task OverBatch(const Operands& operands, int width, Make make, Run run) {
-    std::vector<T> batch;
-    for (int i = 0; i < operands.count; ++i) batch.push_back(make(operands[i]));
-    return [batch = std::move(batch), width, run](double* results) {
-        for (const T& operand : batch) {
-            run(operand, results);
-            results += width;
-        }
-    };
-}
-
 using Eigen::Vector3d;
 using RowMatrix3d = Eigen::Matrix<double, 3, 3, Eigen::RowMajor>;
 using RowMatrix4d = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;

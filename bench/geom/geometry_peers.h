@@ -20,6 +20,19 @@ struct Operands {
     const double* operator[](int i) const { return numbers.data() + i * perOperation; }
 };
 
+/// A task over operands of type T, each made once by `make` from its numbers; `run` writes `width` results.
+template <class T, class Make, class Run>
+Task OverBatch(const Operands& operands, int width, Make make, Run run) {
+    std::vector<T> batch;
+    for (int i = 0; i < operands.count; ++i) batch.push_back(make(operands[i]));
+    return [batch = std::move(batch), width, run](double* results) {
+        for (const T& operand : batch) {
+            run(operand, results);
+            results += width;
+        }
+    };
+}
+
 /// Nine numbers of a matrix, row by row, and a right side.
 Task SolveGlm(const Operands& operands);
 Task SolveEigen(const Operands& operands);
