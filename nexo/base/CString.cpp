@@ -5,6 +5,7 @@
 
 #include "nexo/base/CharClass.h"
 #include "nexo/base/CodeUnits.h"
+#include "nexo/base/ForeignText.h"
 #include "nexo/base/MoveUnits.h"
 #include "nexo/base/TextSearch.h"
 
@@ -32,51 +33,6 @@ wchar_t Lower(wchar_t unit) {
 char Lower(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte;
 }
-
-bool HoldsForeign(std::wstring_view text) {
-    return NeedsSplit(text.data(), text.size());
-}
-bool HoldsForeign(std::string_view) {
-    return false;
-}
-
-/// -1, 0 or 1 by the folded characters; what is foreign in `b` is compared as the units it stands for.
-template <class Ch, class Fold>
-int CompareSplit(std::basic_string_view<Ch> a, std::basic_string_view<Ch> b, Fold fold) {
-    using Unsigned = std::make_unsigned_t<std::conditional_t<sizeof(Ch) == 1, Ch, int>>;
-    for (const Ch character : b) {
-        Ch units[2] = {character};
-        std::size_t count = 1;
-        if constexpr (sizeof(Ch) > 1)
-            count = static_cast<std::size_t>(SplitInto(units, &character, 1) - units);
-        for (std::size_t i = 0; i < count; ++i) {
-            if (a.empty()) return -1;
-            const auto x = static_cast<Unsigned>(fold(a.front()));
-            const auto y = static_cast<Unsigned>(fold(units[i]));
-            if (x != y) return x < y ? -1 : 1;
-            a.remove_prefix(1);
-        }
-    }
-    return !a.empty();
-}
-
-/// A searched text as code units; keeps the split form of a literal that holds larger code points.
-template <class Ch>
-class Needle {
-public:
-    explicit Needle(std::basic_string_view<Ch> text) : view_(text) {
-        if (!HoldsForeign(text)) return;
-        split_ = BasicString<Ch>(text);
-        view_ = split_.View();
-    }
-    explicit Needle(const Ch* text)
-        : Needle(text ? std::basic_string_view<Ch>(text) : std::basic_string_view<Ch>()) {}
-    std::basic_string_view<Ch> View() const { return view_; }
-
-private:
-    BasicString<Ch> split_;
-    std::basic_string_view<Ch> view_;
-};
 
 template <class Ch>
 CharSet<Ch> SetOf(const Ch* members) {
@@ -155,6 +111,7 @@ void BasicString<Ch>::AssignForeign(StringView text) {
 template <class Ch>
 void BasicString<Ch>::AppendForeign(StringView text) {
     if (!HoldsForeign(text)) return AppendUnits(text.data(), text.size());
+    if (Holds(text.data())) return AppendForeign(BasicString(text).View());
     if constexpr (sizeof(Ch) > 1) {
         const std::size_t old = Header()->length;
         const std::size_t length = old + SplitLength(text.data(), text.size());
@@ -187,9 +144,11 @@ int BasicString<Ch>::CompareForeign(StringView text) const noexcept {
 }
 
 template <class Ch>
-int BasicString<Ch>::CompareNoCase(const Ch* text) const noexcept {
-    return CompareSplit(View(), StringView(text, LengthOf(text)),
-                        [](Ch character) { return Lower(character); });
+int BasicString<Ch>::CompareForeignNoCase(StringView text) const noexcept {
+    if constexpr (sizeof(Ch) > 1) {
+        if (!HoldsForeign(text)) return nexo::CompareNoCase(View(), text);
+    }
+    return CompareSplit(View(), text, [](Ch character) { return Lower(character); });
 }
 
 // Searching
@@ -214,7 +173,7 @@ int BasicString<Ch>::Find(StringView text, int start) const {
 
 template <class Ch>
 int BasicString<Ch>::ReverseFind(Ch character) const noexcept {
-    return IndexOf<Ch>(View().rfind(character));
+    return IndexOf<Ch>(View().rfind(SplitCharacter(character).View()));
 }
 
 template <class Ch>
@@ -272,6 +231,11 @@ BasicString<Ch> BasicString<Ch>::Tokenize(const Ch* set, int& start) const {
 template <class Ch>
 void BasicString<Ch>::SetAt(int index, Ch character) {
     if (index < 0 || index >= GetLength()) ThrowBadIndex();
+    if (NeedsSplitting(character)) {
+        Insert(index + 1, character);
+        Delete(index);
+        return;
+    }
     Writable(Header()->length)[index] = character;
 }
 
@@ -357,6 +321,8 @@ void BasicString<Ch>::ReplaceAll(StringView from, StringView to, std::size_t cou
 
 template <class Ch>
 int BasicString<Ch>::Remove(Ch character) {
+    const Ch text[] = {character, 0};
+    if (NeedsSplitting(character)) return Replace(text, nullptr);
     const auto count = std::count(text_, text_ + GetLength(), character);
     if (count == 0) return 0;
     Ch* const buffer = Writable(Header()->length);

@@ -101,7 +101,12 @@ public:
         return CompareForeign({text, LengthOf(text)});
     }
     [[nodiscard]] int Compare(const BasicString& text) const noexcept { return CompareUnits(text.View()); }
-    [[nodiscard]] int CompareNoCase(const Ch* text) const noexcept;
+    [[nodiscard]] int CompareNoCase(const Ch* text) const noexcept {
+        return CompareForeignNoCase({text, LengthOf(text)});
+    }
+    [[nodiscard]] int CompareNoCase(const BasicString& text) const noexcept {
+        return CompareForeignNoCase(text.View());
+    }
     [[nodiscard]] int Collate(const Ch* text) const noexcept { return Compare(text); }
     [[nodiscard]] int CollateNoCase(const Ch* text) const noexcept { return CompareNoCase(text); }
 
@@ -224,6 +229,7 @@ public:
     friend bool operator==(const BasicString& a, const Ch* b) noexcept { return a.Compare(b) == 0; }
     friend bool operator==(const BasicString& a, StringView b) noexcept { return a.CompareForeign(b) == 0; }
     friend bool operator==(const BasicString& a, Ch b) noexcept { return a.CompareForeign({&b, 1}) == 0; }
+    friend bool operator==(const BasicString& a, Other b) noexcept { return a == Convert(b); }
     friend bool operator==(const BasicString& a, const Other* b) { return a == BasicString(b); }
     // Also spelled out: std::less<> and std::ranges::less look for these names and would otherwise compare
     // the pointers that both sides convert to.
@@ -275,6 +281,7 @@ private:
     void AppendForeign(StringView text);
     int InsertForeign(int index, StringView text);
     int CompareForeign(StringView text) const noexcept;
+    int CompareForeignNoCase(StringView text) const noexcept;
     int CompareUnits(StringView text) const noexcept;
     BasicString& TrimBlanks(bool left, bool right);
     BasicString& TrimSet(const Ch* set, bool left, bool right);

@@ -3,6 +3,8 @@
 #ifndef NEXO_BASE_CHARTABLES_H
 #define NEXO_BASE_CHARTABLES_H
 
+// Private to the library.
+
 namespace nexo {
 
 /// Capitals `first`, `first` + `step`, ... `last`, each `distance` below its small letter.

@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_DIGITBLOCK_H
 #define NEXO_BASE_DIGITBLOCK_H
 
+// Private to the library.
+
 #include <array>
 #include <bit>
 #include <cstddef>

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <type_traits>
 
 #include "nexo/base/Export.h"
 #include "nexo/base/Fwd.h"

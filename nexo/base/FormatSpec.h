@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_FORMATSPEC_H
 #define NEXO_BASE_FORMATSPEC_H
 
+// Private to the library.
+
 #include <algorithm>
 #include <array>
 #include <cstddef>

@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_TEXTBUILDER_H
 #define NEXO_BASE_TEXTBUILDER_H
 
+// Private to the library.
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>

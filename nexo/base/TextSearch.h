@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_TEXTSEARCH_H
 #define NEXO_BASE_TEXTSEARCH_H
 
+// Private to the library.
+
 #include <array>
 #include <cstddef>
 #include <cstdint>

@@ -46,6 +46,7 @@ TEST(CString, ConvertsThroughCodePage1252) {
     wide += "\x80";
     wide += 'b';
     EXPECT_EQ(wide + "\xE4", L"a€bä");
+    EXPECT_TRUE(wide.Mid(1, 1) == '\x80');
     CStringA narrow = "a";
     narrow += L'€';
     EXPECT_EQ(narrow, "a\x80");
@@ -67,6 +68,13 @@ TEST(CString, HoldsForeignCodePointsAsTwoUnits) {
     EXPECT_EQ(text.Find(L'\U0001F600'), 0);
     EXPECT_EQ(text.Replace(L"\U0001F600", L"-"), 2);
     EXPECT_EQ(text, L"-a-");
+    text.SetAt(1, L'\U0001F600');
+    EXPECT_EQ(text, L"-\U0001F600-");
+    EXPECT_EQ(text.ReverseFind(L'\U0001F600'), 1);
+    EXPECT_EQ(text.Remove(L'\U0001F600'), 1);
+    text.GetBuffer()[0] = L'\U0001F600';
+    text += text.GetString();
+    EXPECT_EQ(text.GetLength(), 5) << "what enters is split even out of the own buffer";
     EXPECT_EQ(CString(L"\x7FFFFFFF"), L"\xFFFD");
     EXPECT_EQ(CString(L'\U0001F600', 3).GetLength(), 6);
 }
