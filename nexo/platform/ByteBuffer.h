@@ -44,11 +44,17 @@ public:
         size_ = size;
     }
 
+    /// Makes room for `most` further bytes, at amortised constant cost per byte, and returns where they
+    /// begin; Resize() then takes as many of them as were written.
+    [[nodiscard]] char* Extend(std::size_t most) {
+        if (most > capacity_ - size_) Reserve(size_ + most + capacity_ / 2);
+        return bytes_.get() + size_;
+    }
+
     /// Appends at amortised constant cost per byte.
     void Append(std::string_view bytes) {
         if (bytes.empty()) return;
-        if (bytes.size() > capacity_ - size_) Reserve(size_ + bytes.size() + capacity_ / 2);
-        std::memcpy(bytes_.get() + size_, bytes.data(), bytes.size());
+        std::memcpy(Extend(bytes.size()), bytes.data(), bytes.size());
         size_ += bytes.size();
     }
 

@@ -187,8 +187,8 @@ bool FromWide(unsigned int codePage, std::wstring_view text, ByteBuffer& out, Ma
     codePage = Resolve(codePage);
     const SingleBytePage* page = nullptr;
     if (!IsOwn(codePage, page)) return OtherFromWide(codePage, text, out, malformed);
-    out.Reserve(out.Size() + NarrowBound(page, text.size()));
-    const std::ptrdiff_t length = NarrowOwn(page, text, out.Data() + out.Size(), malformed);
+    char* const end = out.Extend(NarrowBound(page, text.size()));
+    const std::ptrdiff_t length = NarrowOwn(page, text, end, malformed);
     if (length < 0) return false;
     out.Resize(out.Size() + static_cast<std::size_t>(length));
     return true;
@@ -213,9 +213,9 @@ std::size_t WideFromUtf16(std::string_view bytes, ByteOrder order, wchar_t* out)
 }
 
 void Utf16FromWide(std::wstring_view text, ByteOrder order, ByteBuffer& out) {
-    const std::size_t start = out.Size();
-    out.Resize(start + 2 * text.size());
-    BestKernels().wideToUtf16(text.data(), text.size(), IsForeignOrder(order), out.Data() + start);
+    char* const end = out.Extend(2 * text.size());
+    BestKernels().wideToUtf16(text.data(), text.size(), IsForeignOrder(order), end);
+    out.Resize(out.Size() + 2 * text.size());
 }
 
 }  // namespace nexo::platform

@@ -110,7 +110,7 @@ struct Block {
 const CodePageKernels& Choose() {
     const CodePageKernels* avx2 = Avx2Kernels();
 #if defined(__x86_64__)
-    if (avx2 != nullptr && __builtin_cpu_supports("avx2")) return *avx2;
+    if (avx2 != nullptr && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi")) return *avx2;
 #endif
     return kKernels;
 }

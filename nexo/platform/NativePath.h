@@ -37,8 +37,8 @@ NEXO_API bool NativeText(std::wstring_view path, std::string& native);
 /// name that does not exist in any case, the text stays as given, so that new files get the caller's
 /// spelling.
 ///
-/// Costs one system call when the exact name exists; folder listings are cached and checked against the
-/// folder's time stamp at every use.
+/// Costs one system call when the exact name exists. Listings of folders are kept and follow what the system
+/// reports of changes; where it reports none, they are checked against the folder's time stamps at every use.
 NEXO_API bool NativePath(std::wstring_view path, std::string& native);
 
 /// `C:\...` form of a native path; the longest mapped directory gives its drive or UNC form. Relative paths

@@ -61,6 +61,22 @@ bool LiesIn(std::string_view native, std::string_view directory) {
            (native.size() == directory.size() || native[directory.size()] == '/');
 }
 
+// Hands the row that covers most to `take`; how much it covers.
+template <class Covers, class Take>
+std::size_t TakeLongest(Covers covers, Take take) {
+    Mappings& table = Table();
+    if (!table.any) return 0;
+    const std::shared_lock guard(table.lock);
+    std::size_t best = 0;
+    for (const Mapping& row : table.rows) {
+        const std::size_t covered = covers(row);
+        if (covered <= best) continue;
+        best = covered;
+        take(row);
+    }
+    return best;
+}
+
 }  // namespace
 
 bool MapPath(std::wstring_view prefix, std::string_view nativeDirectory) {
@@ -76,29 +92,15 @@ bool MapPath(std::wstring_view prefix, std::string_view nativeDirectory) {
 }
 
 std::size_t FindMapping(std::wstring_view path, std::string& nativeDirectory) {
-    Mappings& table = Table();
-    if (!table.any) return 0;
-    const std::shared_lock guard(table.lock);
-    std::size_t best = 0;
-    for (const Mapping& row : table.rows) {
-        if (row.prefix.size() <= best || !StartsWith(path, row.prefix)) continue;
-        best = row.prefix.size();
-        nativeDirectory = row.directory.empty() ? "/" : row.directory;
-    }
-    return best;
+    return TakeLongest(
+        [&](const Mapping& row) { return StartsWith(path, row.prefix) ? row.prefix.size() : 0; },
+        [&](const Mapping& row) { nativeDirectory = row.directory.empty() ? "/" : row.directory; });
 }
 
 std::size_t FindMappedDirectory(std::string_view native, std::wstring& prefix) {
-    Mappings& table = Table();
-    if (!table.any) return 0;
-    const std::shared_lock guard(table.lock);
-    std::size_t best = 0;
-    for (const Mapping& row : table.rows) {
-        if (row.directory.size() <= best || !LiesIn(native, row.directory)) continue;
-        best = row.directory.size();
-        prefix = row.prefix;
-    }
-    return best;
+    return TakeLongest(
+        [&](const Mapping& row) { return LiesIn(native, row.directory) ? row.directory.size() : 0; },
+        [&](const Mapping& row) { prefix = row.prefix; });
 }
 
 }  // namespace nexo::platform

@@ -2,9 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+
+#include "nexo/platform/CodePage.h"
 #include "nexo/platform/Error.h"
 #include "nexo/platform/FileSystem.h"
+#include "nexo/platform/WildcardPattern.h"
 #include "tests/platform/support.h"
+#include "tests/support/LocaleScope.h"
 
 namespace {
 
@@ -143,6 +151,59 @@ TEST_F(NamesOnDisk, CaseIsIgnoredWhereTheExactNameIsMissing) {
     EXPECT_EQ(Found("data/LATER.txt"), "Data/later.txt") << "a change of the folder is seen at once";
     fs::remove(Native("Data/later.txt"));
     EXPECT_EQ(Found("data/LATER.txt"), "Data/LATER.txt");
+    fs::remove(Native("Data/README.txt"));
+    EXPECT_EQ(Found("data/readme.TXT"), "Data/Readme.txt") << "the second of the two is left";
+    fs::rename(Native("Data"), Native("gone"));
+    fs::create_directory(Native("Data"));
+    Put("Data/other.txt", "");
+    EXPECT_EQ(Found("data/OTHER.txt"), "Data/other.txt") << "another folder of the same name";
+    EXPECT_EQ(Found("data/readme.TXT"), "Data/readme.TXT");
+}
+
+TEST_F(NamesOnDisk, ChangesAreSeenInAndFromAnotherProcess) {
+    EXPECT_EQ(Found("NAME"), "NAME");
+    const pid_t child = fork();
+    if (child == 0) {
+        Put("name", "");
+        _exit(Found("NAME") == "name" ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Found("NAME"), "name");
+}
+
+TEST_F(NamesOnDisk, NewNamesInALargeFolderAreCheap) {
+    const auto timeOf = [this](const std::string& folder, int names) {
+        fs::create_directory(Native(folder));
+        for (int i = 0; i < names; ++i) Put(folder + "/old name " + std::to_string(i), "");
+        const auto start = std::chrono::steady_clock::now();
+        for (int i = 0; i < 300; ++i) {
+            const std::string name = folder + "/new " + std::to_string(i);
+            EXPECT_EQ(Found(folder + "/New " + std::to_string(i)), folder + "/New " + std::to_string(i));
+            Put(name, "");
+            EXPECT_EQ(Found(folder + "/NEW " + std::to_string(i)), name);
+        }
+        return std::chrono::steady_clock::now() - start;
+    };
+    const auto small = timeOf("small", 30);
+    EXPECT_LT(timeOf("large", 6000), 10 * small) << "the folder is not listed for each";
+}
+
+TEST_F(NamesOnDisk, NoLocaleChangesTheCaseOfNames) {
+    for (const char* name : {"tr_TR.UTF-8", "de_DE.UTF-8"}) {
+        const LocaleScope locale(name);
+        Put("TITLE.txt", "");
+        EXPECT_EQ(Found("title.TXT"), "TITLE.txt");
+        EXPECT_TRUE(WildcardPattern(L"*.ini").Matches(L"A.INI"));
+        FileInfo info;
+        EXPECT_TRUE(GetFileInfo(Path("TITLE.txt"), info));
+        EXPECT_TRUE(SetFileStamp(Path("title.txt"), FileStamp::kCreated, 123456789012345678) ||
+                    LastError() == kErrorInvalidFunction);
+        std::string bytes;
+        EXPECT_TRUE(FromWide(1254, L"\u0130", bytes));
+        EXPECT_EQ(bytes, "\xDD");
+    }
 }
 
 }  // namespace
