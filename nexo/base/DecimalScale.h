@@ -42,8 +42,15 @@ struct Binary {
 
 /// value / 2^shift rounded half to even, for shift > 0 and a sum that stays within 128 bits.
 inline Wide ShiftRounded(Wide value, int shift) {
-    const auto odd = static_cast<std::uint64_t>(value >> shift) & 1;
-    return (value + ((Wide{1} << (shift - 1)) - 1) + odd) >> shift;
+    const auto lower = static_cast<std::uint64_t>(value);
+    const auto upper = static_cast<std::uint64_t>(value >> 64);
+    if (shift < 64 && upper >> shift == 0) {  // the usual case, in one register
+        const std::uint64_t quotient = upper << (64 - shift) | lower >> shift;
+        const std::uint64_t rest = lower << (64 - shift);
+        return Wide{quotient} + (rest > (std::uint64_t{1} << 63) - (quotient & 1));
+    }
+    return (value + ((Wide{1} << (shift - 1)) - 1) + (static_cast<std::uint64_t>(value >> shift) & 1)) >>
+           shift;
 }
 
 /// value * 10^power rounded half to even, exact because the product fits 128 bits. False where it does not,
@@ -76,7 +83,8 @@ struct Divisor {
 
 inline constexpr auto kDivisors = []<std::size_t... Power>(std::index_sequence<Power...>) {
     return std::array{Divisor(Power + 1)...};
-}(std::make_index_sequence<kPowers.size() - 1>());
+}
+(std::make_index_sequence<kPowers.size() - 1>());
 
 inline std::uint64_t DividedByPower(std::uint64_t value, int power) {
     const Divisor& divisor = kDivisors[static_cast<std::size_t>(power - 1)];

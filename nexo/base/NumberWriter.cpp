@@ -235,30 +235,34 @@ Ch* WriteScientific(Ch* out, double value, const FloatStyle& style) {
     return LayScientific(out, digits, style.precision, style.alternate);
 }
 
-/// Parts the digits of scaled / 10^decimals by the point; `zeros` of them lead and are dropped but for one.
-template <class Ch, int Count, class Block>
-Ch* LayScaled(Ch* out, Block digits, int zeros, int decimals, bool point) {
-    zeros = std::min(zeros, Count - 1 - decimals);
-    const int whole = Count - decimals - zeros;
-    StoreDigits(out, digits >> (8 * zeros), Count > 8 && whole > 8);
-    if (decimals == 0 && !point) return out + whole;
-    out[whole] = '.';
-    StoreDigits(out + whole + 1, digits >> (8 * (Count - decimals) % (8 * Count)), Count > 8 && decimals > 8);
-    return out + whole + 1 + decimals;
+/// scaled / 10^decimals for 1 to 7 decimals and a scaled value below 10^8: the point joins the digits before
+/// they are stored.
+template <class Ch>
+Ch* LayFewScaled(Ch* out, std::uint32_t scaled, int decimals) {
+    const std::uint64_t values = EightDigits(scaled);
+    const int zeros = std::min(LeadingZeros(values), 7 - decimals);
+    const std::uint64_t digits = (values | kZeroDigits) >> (8 * zeros);
+    const int count = 8 - zeros;
+    const int place = 8 * (count - decimals);
+    const std::uint64_t whole = digits & ((std::uint64_t{1} << place) - 1);
+    StoreDigits(out, whole | std::uint64_t{'.'} << place | (digits ^ whole) << 8);
+    out[8] = static_cast<Ch>(digits >> 56);
+    return out + count + 1;
 }
 
 /// scaled / 10^decimals for up to 15 decimals and a scaled value below 10^16.
 template <class Ch>
 Ch* LayScaled(Ch* out, std::uint64_t scaled, int decimals, bool point) {
-    if (scaled < kBlock && decimals < 8) {
-        const std::uint64_t digits = EightDigits(static_cast<std::uint32_t>(scaled));
-        return LayScaled<Ch, 8>(out, digits | kZeroDigits, LeadingZeros(digits), decimals, point);
-    }
     const Wide digits = SixteenDigits(scaled);
     const auto upper = static_cast<std::uint64_t>(digits) ^ kZeroDigits;
     const auto lower = static_cast<std::uint64_t>(digits >> 64) ^ kZeroDigits;
-    const int zeros = upper ? LeadingZeros(upper) : 8 + LeadingZeros(lower);
-    return LayScaled<Ch, 16>(out, digits, zeros, decimals, point);
+    const int zeros = std::min(upper ? LeadingZeros(upper) : 8 + LeadingZeros(lower), 15 - decimals);
+    const int whole = 16 - decimals - zeros;
+    StoreDigits(out, digits >> (8 * zeros), whole > 8);
+    if (decimals == 0 && !point) return out + whole;
+    out[whole] = '.';
+    StoreDigits(out + whole + 1, digits >> (8 * (16 - decimals) % 128), decimals > 8);
+    return out + whole + 1 + decimals;
 }
 
 template <class Ch>
@@ -277,6 +281,9 @@ template <class Ch>
 Ch* WriteFixedDigits(Ch* out, double value, int precision, bool point) {
     std::uint64_t scaled = 0;
     const bool small = precision < 16 && ScaleUp(Binary(value), precision, scaled);
+    if (small && scaled < kBlock && precision > 0 && precision < 8) {
+        return LayFewScaled(out, static_cast<std::uint32_t>(scaled), precision);
+    }
     if (small && scaled < kBlock * kBlock) return LayScaled(out, scaled, precision, point);
     return WriteExactFixed(out, value, precision, point);
 }
