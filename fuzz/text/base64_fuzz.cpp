@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "../../tests/text/base64_reference.h"
+#include "fuzz/text/base64_reference.h"
 #include "nexo/base/CString.h"
 #include "nexo/text/Base64.h"
 #include "nexo/text/Base64Kernels.h"

@@ -94,12 +94,8 @@ TEST_F(StopWatch, TheReportNamesStopwatchesInOrder) {
 }
 
 TEST_F(StopWatch, TheLastOneIsNotResetWithTheOthers) {
-    {
-        const CLifetimeStopWatch running(255);
-        Pass(1);
-    }
-    {
-        const CLifetimeStopWatch running;
+    for (const unsigned char id : {'\0', '\xFF'}) {
+        const CLifetimeStopWatch running(id);
         Pass(1);
     }
     CStopWatch::ResetAll();
