@@ -69,6 +69,9 @@ NEXO_API bool ReadWholeFile(const wchar_t* path, ByteBuffer& out);
 /// Reads at most `size` bytes from the start; returns how many, or -1. Otherwise as ReadWholeFile.
 NEXO_API std::ptrdiff_t ReadFileStart(const wchar_t* path, char* out, std::size_t size);
 
+/// Reads at most the last `size` bytes; returns how many, or -1. Otherwise as ReadWholeFile.
+NEXO_API std::ptrdiff_t ReadFileEnd(const wchar_t* path, char* out, std::size_t size);
+
 /// Creates the file or replaces its content in one step: readers, and a program that is killed or finds the
 /// disk full, see the old content or the new, never a mixture. Keeps mode, owner and extended attributes.
 ///

@@ -67,6 +67,9 @@ TEST_F(FileSystem, ReadsWholeRegularFilesOnly) {
     EXPECT_EQ(ReadFileStart(Path("large"), start, 3), 3);
     EXPECT_EQ(ReadFileStart(Path("empty"), start, 3), 0);
     EXPECT_EQ(ReadFileStart(Path("missing"), start, 3), -1);
+    EXPECT_EQ(ReadFileEnd(Path("large"), start, 3), 3);
+    EXPECT_EQ(ReadFileEnd(Path("empty"), start, 3), 0);
+    EXPECT_EQ(ReadFileEnd(Path("missing"), start, 3), -1);
 }
 
 TEST_F(FileSystem, OnlyAnotherProcessLocksOut) {

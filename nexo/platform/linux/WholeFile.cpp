@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <new>
@@ -27,6 +28,20 @@ bool ReadToEnd(int file, std::uint64_t expected, ByteBuffer& bytes) {
     }
 }
 
+// Reads from `offset` on, less where the file ends before; -1 on failure.
+std::ptrdiff_t ReadPiece(int file, off_t offset, char* out, std::size_t size) {
+    std::size_t filled = 0;
+    while (filled < size) {
+        const off_t at = offset + static_cast<off_t>(filled);
+        const ssize_t count = Retry([&] { return pread(file, out + filled, size - filled, at); });
+        if (count < 0) FailWithErrno();
+        if (count < 0) return -1;
+        if (count == 0) break;
+        filled += static_cast<std::size_t>(count);
+    }
+    return static_cast<std::ptrdiff_t>(filled);
+}
+
 }  // namespace
 
 bool ReadWholeFile(const wchar_t* path, ByteBuffer& out) {
@@ -46,16 +61,16 @@ bool ReadWholeFile(const wchar_t* path, ByteBuffer& out) {
 std::ptrdiff_t ReadFileStart(const wchar_t* path, char* out, std::size_t size) {
     Descriptor file;
     struct stat status;
+    return OpenForReading(path, file, status) ? ReadPiece(file.Get(), 0, out, size) : -1;
+}
+
+std::ptrdiff_t ReadFileEnd(const wchar_t* path, char* out, std::size_t size) {
+    Descriptor file;
+    struct stat status;
     if (!OpenForReading(path, file, status)) return -1;
-    std::size_t filled = 0;
-    while (filled < size) {
-        const ssize_t count = Retry([&] { return read(file.Get(), out + filled, size - filled); });
-        if (count < 0) FailWithErrno();
-        if (count < 0) return -1;
-        if (count == 0) break;
-        filled += static_cast<std::size_t>(count);
-    }
-    return static_cast<std::ptrdiff_t>(filled);
+    const auto length = static_cast<std::uint64_t>(status.st_size);
+    const std::uint64_t kept = std::min<std::uint64_t>(size, length);
+    return ReadPiece(file.Get(), static_cast<off_t>(length - kept), out, kept);
 }
 
 bool ReplaceFile(const wchar_t* path, std::string_view bytes) {
