@@ -139,6 +139,8 @@ public:
     void SetAt(int index, Ch character);
     void SetString(const Ch* text) { AssignForeign({text, LengthOf(text)}); }
     void SetString(const Ch* text, int length);
+    /// For text that is known to hold code units only; spares the look for others.
+    void SetUnits(StringView text) { AssignUnits(text.data(), text.size()); }
     void Append(const BasicString& text) { AppendUnits(text.text_, text.Header()->length); }
     void Append(const Ch* text) { AppendForeign({text, LengthOf(text)}); }
     void Append(const Ch* text, int length);
