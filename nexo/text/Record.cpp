@@ -16,7 +16,8 @@ namespace {
 
 using nexo::RecordBuffer;
 
-constexpr nexo::StopSet3 kEscaped = {{L':', L'\r', L'\n'}};
+/// What is not written as it stands; a zero ends the field.
+constexpr nexo::StopSet4 kStops = {{L':', L'\r', L'\n', 0}};
 
 /// Floating-point values are read to this many decimal places.
 double RoundedTo10Places(double v) {
@@ -40,9 +41,11 @@ wchar_t* WriteEscaped(wchar_t* out, std::wstring_view field) {
     const wchar_t* from = field.data();
     const wchar_t* const end = from + field.size();
     while (true) {
-        const wchar_t* const stop = nexo::FindAnyOf(from, end, kEscaped);
-        out = std::copy(from, stop, out);
-        if (stop == end) return out;
+        const wchar_t* const stop = nexo::CopyUntilAnyOf(out, from, end, kStops);
+        // Usual fields end here; their length is known, so that nobody has to wait for `stop`.
+        if (stop == end) return out + (end - from);
+        out += stop - from;
+        if (*stop == 0) return out;
         if (*stop == L':') {
             *out++ = L'\x00AE';
         } else {
@@ -58,16 +61,11 @@ wchar_t* WriteEscaped(wchar_t* out, std::wstring_view field) {
 constinit bool CMoxSubStr::bSubstrReadRawTrData = false;
 constinit CMoxSubStr moxSubStrUtil::stMoxSubtstr;
 
-bool CMoxSubStr::GetInit(const wchar_t* text, const nexo::RecordSeparator& sep) {
-    m_reader = nexo::RecordReader(text, sep);
-    return m_reader.BeginsWithField();
-}
-
 bool CMoxSubStr::Get(CString& out, bool clear) {
     if (m_reader.AtEnd() && !clear) return false;
     std::wstring_view field;
     const bool more = m_reader.Next(field);
-    out = field;
+    out.SetUnits(field);
     return more;
 }
 
@@ -107,7 +105,7 @@ bool CMoxSubStr::GetFloating(T& v, bool force, std::size_t commas) {
     const bool more = m_reader.Next(field);
     if (field.empty() && !force) return more;
     if (field.find(L',') != field.npos) {
-        wchar_t* const text = RecordBuffer::SharedForReading().Reserve(field.size());
+        wchar_t* const text = RecordBuffer::forReading.Reserve(field.size());
         std::copy(field.begin(), field.end(), text);
         for (std::size_t i = 0; i < field.size() && commas > 0; ++i) {
             if (text[i] != L',') continue;
@@ -127,26 +125,24 @@ bool CMoxSubStr::Get(double& v, bool force) {
     return GetFloating(v, force, SIZE_MAX);
 }
 
-void CMoxSubStr::AddInit(const nexo::RecordSeparator& sep) {
-    m_reader.SetSeparator(sep);
-    m_written = 0;
-}
-
 void CMoxSubStr::AddView(std::wstring_view field) {
-    RecordBuffer& buffer = RecordBuffer::SharedForWriting();
-    std::wstring copy;
-    if (buffer.Holds(field.data())) field = copy.assign(field);
+    RecordBuffer& buffer = RecordBuffer::forWriting;
+    if (buffer.Holds(field.data())) return AddView(std::wstring(field));
     const nexo::RecordSeparator& separator = m_reader.Separator();
-    const std::wstring_view behind = separator.isString
-                                         ? std::wstring_view(separator.string, separator.length)
-                                         : std::wstring_view(&separator.character, 1);
-    wchar_t* const text = buffer.Reserve(m_written + RoomFor(field) + behind.size());
-    wchar_t* const end = std::copy(behind.begin(), behind.end(), WriteEscaped(text + m_written, field));
+    wchar_t* const text =
+        buffer.Reserve(m_written + RoomFor(field) + nexo::kCopySlack + separator.length + 1);
+    wchar_t* end = WriteEscaped(text + m_written, field);
+    if (separator.isString) {
+        end = std::copy_n(separator.string, separator.length, end);
+    } else {
+        *end++ = separator.character;
+    }
     *end = 0;
     m_written = static_cast<std::size_t>(end - text);
 }
 
 void CMoxSubStr::Add(const wchar_t* s) {
+    m_isForeign = true;
     AddView(ViewOf(s));
 }
 void CMoxSubStr::Add(int v) {
@@ -171,10 +167,14 @@ void CMoxSubStr::Add(const double& v) {
 }
 
 void CMoxSubStr::AddEnd(CString& out) {
-    wchar_t* const text = RecordBuffer::SharedForWriting().Data();
+    wchar_t* const text = RecordBuffer::forWriting.Data();
     m_written -= std::min(m_written, m_reader.Separator().length);
     text[m_written] = 0;
-    out = std::wstring_view(text);
+    if (m_isForeign) {
+        out = text;
+    } else {
+        out.SetUnits({text, m_written});
+    }
     m_written = 0;
     *text = 0;
 }
@@ -188,7 +188,7 @@ wchar_t* CMoxSubStr::getSeparatorString() const {
 }
 
 wchar_t* CMoxSubStr::rawData() {
-    return RecordBuffer::SharedForWriting().Data();
+    return RecordBuffer::forWriting.Data();
 }
 
 void CMoxSubStr::setSubstrReadRawTrData(bool raw) {

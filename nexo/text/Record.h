@@ -37,7 +37,10 @@ public:
     bool GetInit(const wchar_t* text, const wchar_t* sep) {
         return GetInit(text, nexo::RecordSeparator(sep));
     }
-    bool GetInit(const wchar_t* text, const nexo::RecordSeparator& sep);
+    bool GetInit(const wchar_t* text, const nexo::RecordSeparator& sep) {
+        m_reader = nexo::RecordReader(text, sep);
+        return m_reader.BeginsWithField();
+    }
 
     /// Reads the next field. True while more may follow: "a:b" gives "a" and true, then "b" and false; "a:b:"
     /// gives "" and false after "b". At the end of the text `out` becomes "" if `clear` is set, else it
@@ -64,12 +67,17 @@ public:
     /// Starts to write a record.
     void AddInit(wchar_t sep) { AddInit(nexo::RecordSeparator(sep)); }
     void AddInit(const wchar_t* sep) { AddInit(nexo::RecordSeparator(sep)); }
-    void AddInit(const nexo::RecordSeparator& sep);
+    void AddInit(const nexo::RecordSeparator& sep) {
+        m_reader.SetSeparator(sep);
+        m_written = 0;
+        m_isForeign = sep.isString || sep.character == 0 || static_cast<unsigned int>(sep.character) > 0xFFFF;
+    }
 
     /// Appends a field, escaped, and the separator. `s` may lie in the write buffer itself; null is "".
     ///
     /// Without AddInit() the separator is ":", and AddEnd() leaves the last one standing.
     void Add(const wchar_t* s);
+    void Add(const CString& s) { AddView(s.View()); }
     /// "%d": an unsigned value above 2147483647 comes out negative; `long` means 32 bits.
     void Add(int v);
     void Add(unsigned int v);
@@ -78,7 +86,8 @@ public:
     /// "%g", six significant digits; zero is "0".
     void Add(const float& v);
     void Add(const double& v);
-    /// As Add(const wchar_t*), for a text without terminator.
+    /// As Add(const wchar_t*), for code units without terminator, such as the fields that Reader() hands out.
+    /// A zero character ends them as well.
     void AddView(std::wstring_view field);
 
     /// Ends the record: drops the last separator, puts the text into `out` and empties the write buffer.
@@ -113,6 +122,7 @@ private:
 
     nexo::RecordReader m_reader;
     std::size_t m_written = 0;
+    bool m_isForeign = false;  // what was written may hold more than code units, or zeros
 };
 
 /// The members of CMoxSubStr on one static instance: one record at a time for the whole process.
@@ -139,6 +149,7 @@ public:
     static void AddInit(wchar_t sep) { stMoxSubtstr.AddInit(sep); }
     static void AddInit(const wchar_t* sep) { stMoxSubtstr.AddInit(sep); }
     static void Add(const wchar_t* s) { stMoxSubtstr.Add(s); }
+    static void Add(const CString& s) { stMoxSubtstr.Add(s); }
     static void Add(int v) { stMoxSubtstr.Add(v); }
     static void Add(unsigned int v) { stMoxSubtstr.Add(v); }
     static void Add(const long& v) { stMoxSubtstr.Add(v); }

@@ -1,13 +1,11 @@
 // moxStrUtil: fields of a record by number.
 #include <new>
-#include <string>
 
 #include "nexo/text/Record.h"
 #include "nexo/text/StrUtil.h"
 
 namespace {
 
-using nexo::RecordBuffer;
 using nexo::RecordIndex;
 using nexo::RecordReader;
 using nexo::RecordSeparator;
@@ -23,7 +21,9 @@ RecordIndex& SharedIndex() {
 CString NextField(RecordReader& reader, bool& more) {
     std::wstring_view field;
     more = reader.Next(field);
-    return CString(field);
+    CString copy;
+    copy.SetUnits(field);
+    return copy;
 }
 
 CString FieldOf(const wchar_t* text, long n, const RecordSeparator& separator) {
@@ -35,7 +35,6 @@ CString FieldOf(const wchar_t* text, long n, const RecordSeparator& separator) {
 
 CString FieldOf(const CString& text, long n, const RecordSeparator& separator) {
     CMoxSubStr& record = moxSubStrUtil::stMoxSubtstr;
-    record.GetInit(text, separator);
     if (n < 1 || !SharedIndex().Find(text, n, separator, record.Reader())) return CString();
     bool more = true;
     CString field = NextField(record.Reader(), more);
@@ -45,18 +44,17 @@ CString FieldOf(const CString& text, long n, const RecordSeparator& separator) {
 
 void SetFieldOf(CString& rec, long n, const RecordSeparator& separator, const wchar_t* value) {
     CMoxSubStr& record = moxSubStrUtil::stMoxSubtstr;
-    std::wstring_view newField = value ? std::wstring_view(value) : std::wstring_view();
-    std::wstring copy;
-    if (RecordBuffer::SharedForWriting().Holds(value)) newField = copy.assign(newField);
+    const CString newField(value);  // a copy: it may lie in the write buffer
     record.AddInit(separator);
     long count = 0;
-    nexo::ForEachField(RecordReader(rec.GetString(), separator),
-                       [&](std::wstring_view field) { record.AddView(++count == n ? newField : field); });
+    nexo::ForEachField(RecordReader(rec.GetString(), separator), [&](std::wstring_view field) {
+        record.AddView(++count == n ? newField.View() : field);
+    });
     if (count < n && n > kMostFields) {
         record.AddInit(separator);
         throw std::bad_alloc();
     }
-    while (count < n) record.AddView(++count == n ? newField : std::wstring_view());
+    while (count < n) record.AddView(++count == n ? newField.View() : std::wstring_view());
     record.AddEnd(rec);
     record.GetInit(nullptr, separator);
 }

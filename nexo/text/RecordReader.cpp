@@ -3,9 +3,10 @@
 #include <wchar.h>
 
 #include <algorithm>
-#include <functional>
+#include <cstdlib>
 #include <new>
 
+#include "nexo/base/CodeUnits.h"
 #include "nexo/text/CharScan.h"
 #include "nexo/text/Record.h"
 
@@ -14,9 +15,6 @@ namespace {
 
 constexpr wchar_t kEscapedColon = 0x00AE;
 constexpr wchar_t kTranslatedMark = 0x2248;
-
-/// How far ahead the end of a terminated text is looked for at a time.
-constexpr std::size_t kLookAhead = 256;
 
 /// What "&" and this character stand for; 0 if nothing.
 wchar_t Unescaped(wchar_t c) {
@@ -37,54 +35,50 @@ public:
         std::copy(first, last, buffer_.Reserve(length_ + count) + length_);
         length_ += count;
     }
-    void Append(wchar_t c) { Append(&c, &c + 1); }
+    /// A character that is no code unit is split into two.
+    void Append(wchar_t c) {
+        wchar_t* const end = buffer_.Reserve(length_ + 2) + length_;
+        length_ += static_cast<std::size_t>(SplitInto(end, &c, 1) - end);
+    }
     void Drop(std::size_t count) { length_ -= count; }
     std::wstring_view View() { return {buffer_.Data(), length_}; }
 
 private:
-    RecordBuffer& buffer_ = RecordBuffer::SharedForReading();
+    RecordBuffer& buffer_ = RecordBuffer::forReading;
     std::size_t length_ = 0;
 };
 
 }  // namespace
 
-RecordBuffer& RecordBuffer::SharedForReading() {
-    static RecordBuffer* const buffer = new RecordBuffer;
-    return *buffer;
-}
-
-RecordBuffer& RecordBuffer::SharedForWriting() {
-    static RecordBuffer* const buffer = new RecordBuffer;
-    return *buffer;
-}
-
-bool RecordBuffer::Holds(const wchar_t* position) const {
-    const std::less<const wchar_t*> before;
-    return data_ && !before(position, data_.get()) && before(position, data_.get() + capacity_ + 1);
-}
+constinit RecordBuffer RecordBuffer::forReading;
+constinit RecordBuffer RecordBuffer::forWriting;
 
 wchar_t* RecordBuffer::Grow(std::size_t capacity) {
     constexpr std::size_t most = PTRDIFF_MAX / sizeof(wchar_t) - 1;
     if (capacity > most) throw std::bad_alloc();
     const std::size_t grown = std::min(most, std::max({capacity, 2 * capacity_, kFirstCapacity}));
-    void* const memory = std::realloc(data_.get(), (grown + 1) * sizeof(wchar_t));
+    void* const memory = std::realloc(data_, (grown + 1) * sizeof(wchar_t));
     if (!memory) throw std::bad_alloc();
     const bool isFirst = !data_;
-    static_cast<void>(data_.release());
-    data_.reset(static_cast<wchar_t*>(memory));
+    data_ = static_cast<wchar_t*>(memory);
     if (isFirst) *data_ = 0;
     capacity_ = grown;
-    return data_.get();
+    return data_;
 }
 
-/// Extends the known part of the text; false at its end.
+/// Gets to know the next piece of the text; false at its end.
 bool RecordReader::Explore() {
+    constexpr std::size_t size = 64;  // the bits of `stops_`
     if (!known_) return false;
-    const std::size_t ahead =
-        limit_ ? std::min(kLookAhead, static_cast<std::size_t>(limit_ - known_)) : kLookAhead;
-    const std::size_t found = wcsnlen(known_, ahead);
+    Unlearn(known_);
+    const std::size_t ahead = limit_ ? std::min(size, static_cast<std::size_t>(limit_ - known_)) : size;
+    const std::size_t found = wcsnlen(window_, ahead);
     known_ += found;
-    return found > 0;
+    if (found < ahead) limit_ = known_;
+    if (found == 0) return false;
+    const wchar_t separator = separator_.isString ? L'&' : separator_.character;
+    stops_ = StopMask(window_, found, {{separator, L'\r', L'\n', kEscapedColon, L'&', L'&'}});
+    return true;
 }
 
 bool RecordReader::BreaksAt(const wchar_t* position) {
@@ -92,11 +86,15 @@ bool RecordReader::BreaksAt(const wchar_t* position) {
 }
 
 /// The next character that may end a field or stand for another one, or the end of the text.
-const wchar_t* RecordReader::FindStop(const wchar_t* from, wchar_t separator) {
-    const StopSet6 stops = {{separator, 0, L'\r', L'\n', kEscapedColon, L'&'}};
+const wchar_t* RecordReader::FindStop(const wchar_t* from) {
+    if (from < window_) Unlearn(from);  // a look at the next character has moved the window
     do {
-        from = FindAnyOf(from, known_, stops);
-    } while (from == known_ && Explore());
+        // `from` lies in the window or at its end, where a window of 64 characters leaves no bit to look at.
+        const auto passed = static_cast<unsigned>(from - window_);
+        const std::uint64_t ahead = passed < 64 ? stops_ >> passed : 0;
+        if (ahead != 0) return from + __builtin_ctzll(ahead);
+        from = known_;
+    } while (Explore());
     return from;
 }
 
@@ -104,8 +102,8 @@ bool RecordReader::Next(std::wstring_view& field) {
     field = {};
     if (AtEnd()) return false;
     if (*position_ == kTranslatedMark && !CMoxSubStr::bSubstrReadRawTrData) ++position_;
-    if (separator_.isString) return Assemble(field);
-    const wchar_t* const stop = FindStop(position_, separator_.character);
+    if (separator_.isString) return AssembleByString(field);
+    const wchar_t* const stop = FindStop(position_);
     const bool ends = EndsAt(stop), breaks = !ends && BreaksAt(stop);
     if (!ends && !breaks && *stop != separator_.character) return Assemble(field);
     field = {position_, static_cast<std::size_t>(stop - position_)};
@@ -113,40 +111,57 @@ bool RecordReader::Next(std::wstring_view& field) {
     return !ends;
 }
 
-/// Next() for fields that hold more than plain characters, and for separator strings.
-///
-/// A separator string is matched by a running count that other characters do not reset (the scattered matches
-/// that stored records rely on); the characters counted are part of the field until the count is full.
+/// Next() for fields that hold more than plain characters.
 bool RecordReader::Assemble(std::wstring_view& field) {
     FieldAssembly assembly;
-    std::size_t matched = 0;
     while (true) {
-        const wchar_t wanted = separator_.isString ? separator_.string[matched] : separator_.character;
-        const wchar_t* const stop = FindStop(position_, wanted);
+        const wchar_t* const stop = FindStop(position_);
         assembly.Append(position_, stop);
         position_ = stop;
         const bool ends = AtEnd();
-        if (ends || BreaksAt(stop)) {
+        const bool stays = ends || BreaksAt(stop);
+        if (stays || *stop == separator_.character) {
+            if (!stays) ++position_;
             field = assembly.View();
-            return !ends || matched > 0;
+            return !ends;
         }
-        const wchar_t c = *position_++;
-        if (c == wanted && !separator_.isString) break;
-        const wchar_t unescaped = c == L'&' && !AtEnd() ? Unescaped(*position_) : 0;
-        if (unescaped) ++position_;
-        if (c == wanted && !unescaped && ++matched == separator_.length) {
+        assembly.Append(TakeCharacter());
+    }
+}
+
+/// Next() for separator strings. They are matched by a running count that other characters do not reset (the
+/// scattered matches that stored records rely on); the characters counted are part of the field until the
+/// count is full.
+bool RecordReader::AssembleByString(std::wstring_view& field) {
+    FieldAssembly assembly;
+    std::size_t matched = 0;
+    while (!AtRecordEnd()) {
+        const wchar_t* const first = position_;
+        const wchar_t c = TakeCharacter();
+        const bool isPair = position_ - first > 1;
+        if (!isPair && *first == separator_.string[matched] && ++matched == separator_.length) {
             assembly.Drop(matched - 1);
-            break;
+            field = assembly.View();
+            return true;
         }
-        assembly.Append(unescaped ? unescaped : c == kEscapedColon ? L':' : c);
+        assembly.Append(c);
     }
     field = assembly.View();
-    return true;
+    return !AtEnd() || matched > 0;
+}
+
+/// Reads one character, which is what an escape stands for.
+wchar_t RecordReader::TakeCharacter() {
+    const wchar_t c = *position_++;
+    const wchar_t unescaped = c == L'&' && !AtEnd() ? Unescaped(*position_) : 0;
+    if (unescaped) ++position_;
+    return unescaped ? unescaped : c == kEscapedColon ? L':' : c;
 }
 
 bool RecordReader::Skip(std::size_t count) {
+    constexpr std::size_t worthwhile = 8;
     if (count == 0) return true;
-    if (IsPlain(separator_)) return SkipByCharacter(count);
+    if (count >= worthwhile && IsPlain(separator_)) return SkipByCharacter(count);
     std::wstring_view field;
     bool more = true;
     for (; count > 0 && !AtRecordEnd(); --count) more = Next(field);
@@ -154,22 +169,28 @@ bool RecordReader::Skip(std::size_t count) {
 }
 
 bool RecordReader::SkipByCharacter(std::size_t count) {
-    const StopSet3 stops = {{separator_.character, L'\n', 0}};
-    const wchar_t* stop = position_;
+    constexpr std::size_t size = 1024;  // characters looked through at a time
+    const StopSet3 stops = {{separator_.character, L'\n', L'\n'}};
+    const wchar_t* at = position_;
+    const wchar_t* end = at;
     while (true) {
-        stop = FindAnyOf(stop, known_, stops);
-        if (stop == known_ && Explore()) continue;
-        if (EndsAt(stop)) {
-            position_ = stop;
-            return false;
+        at = FindAnyOf(at, end, stops);
+        if (at == end) {
+            const std::size_t ahead = limit_ ? std::min(size, static_cast<std::size_t>(limit_ - end)) : size;
+            end += wcsnlen(end, ahead);
+            if (at != end) continue;
+            break;
         }
-        if (*stop == L'\n') {
-            position_ = stop > position_ && stop[-1] == L'\r' ? stop - 1 : stop;
-            return true;
+        if (*at == L'\n') {
+            if (at > position_ && at[-1] == L'\r') --at;
+            break;
         }
-        position_ = ++stop;
-        if (--count == 0) return true;
+        position_ = ++at;
+        if (--count == 0) break;
     }
+    position_ = at;
+    Unlearn(at);
+    return count == 0 || !AtEnd();
 }
 
 bool RecordIndex::Find(const CString& text, long number, const RecordSeparator& separator,
@@ -181,7 +202,7 @@ bool RecordIndex::Find(const CString& text, long number, const RecordSeparator& 
                             known.isString == separator.isString && known.character == separator.character &&
                             (!known.isString || separator_.View() == separator.string);
     reader = remembered ? reader_ : RecordReader(text.GetString(), separator);
-    reader.SetSeparator(separator);
+    if (separator.isString) reader.SetSeparator(separator);  // the same characters, but perhaps elsewhere
     const long from = remembered ? number_ : 1;
     if (!reader.Skip(number > from ? static_cast<std::size_t>(number - from) : 0)) {
         Forget();

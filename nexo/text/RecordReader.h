@@ -2,8 +2,7 @@
 #define NEXO_TEXT_RECORDREADER_H
 
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
+#include <cstdint>
 #include <string_view>
 
 #include "nexo/base/CString.h"
@@ -31,7 +30,8 @@ struct RecordSeparator {
     bool isString = false;
 };
 
-/// Characters in one growing piece of memory, kept from record to record. Not for two threads at once.
+/// Characters in one growing piece of memory, kept from record to record for the life of the process. Not for
+/// two threads at once.
 class NEXO_API RecordBuffer {
 public:
     /// What the shared buffers hold before they first grow.
@@ -39,25 +39,24 @@ public:
 
     /// The process-wide buffers behind every CMoxSubStr: one for fields being read, one for the record being
     /// written. Memory that no record has reached yet costs nothing.
-    [[nodiscard]] static RecordBuffer& SharedForReading();
-    [[nodiscard]] static RecordBuffer& SharedForWriting();
+    static RecordBuffer forReading;
+    static RecordBuffer forWriting;
 
     /// Memory for at least `capacity` characters and a terminator, with its content kept. Growing at least
     /// doubles it and may move it. Throws std::bad_alloc and changes nothing.
-    wchar_t* Reserve(std::size_t capacity) {
-        return data_ && capacity <= capacity_ ? data_.get() : Grow(capacity);
-    }
+    wchar_t* Reserve(std::size_t capacity) { return data_ && capacity <= capacity_ ? data_ : Grow(capacity); }
 
     [[nodiscard]] wchar_t* Data() { return Reserve(0); }
-    [[nodiscard]] bool Holds(const wchar_t* position) const;
+    [[nodiscard]] bool Holds(const wchar_t* position) const {
+        const auto distance =
+            reinterpret_cast<std::uintptr_t>(position) - reinterpret_cast<std::uintptr_t>(data_);
+        return distance <= capacity_ * sizeof(wchar_t) && data_;
+    }
 
 private:
-    struct Free {
-        void operator()(wchar_t* memory) const { std::free(memory); }
-    };
     wchar_t* Grow(std::size_t capacity);
 
-    std::unique_ptr<wchar_t, Free> data_;
+    wchar_t* data_ = nullptr;
     std::size_t capacity_ = 0;
 };
 
@@ -72,11 +71,12 @@ public:
     constexpr RecordReader() = default;
     /// Reads a zero-terminated text; null has no fields.
     RecordReader(const wchar_t* text, RecordSeparator separator)
-        : position_(text), known_(text), separator_(separator) {}
+        : position_(text), known_(text), window_(text), separator_(separator) {}
     /// Reads up to the end of `text`, which needs no terminator; a zero character ends it, too.
     RecordReader(std::wstring_view text, RecordSeparator separator)
         : position_(text.data()),
           known_(text.data()),
+          window_(text.data()),
           limit_(text.data() + text.size()),
           separator_(separator) {}
 
@@ -100,19 +100,30 @@ public:
     [[nodiscard]] const wchar_t* Position() const { return position_; }
     [[nodiscard]] const RecordSeparator& Separator() const { return separator_; }
     /// Takes effect from the next field on.
-    constexpr void SetSeparator(const RecordSeparator& separator) { separator_ = separator; }
+    constexpr void SetSeparator(const RecordSeparator& separator) {
+        separator_ = separator;
+        Unlearn(position_);
+    }
 
 private:
     bool Explore();
-    bool EndsAt(const wchar_t* position) { return (position == known_ && !Explore()) || *position == 0; }
+    constexpr void Unlearn(const wchar_t* from) {
+        window_ = known_ = from;
+        stops_ = 0;
+    }
+    bool EndsAt(const wchar_t* position) { return position == known_ && !Explore(); }
     bool BreaksAt(const wchar_t* position);
-    const wchar_t* FindStop(const wchar_t* from, wchar_t separator);
+    const wchar_t* FindStop(const wchar_t* from);
     bool Assemble(std::wstring_view& field);
+    bool AssembleByString(std::wstring_view& field);
+    wchar_t TakeCharacter();
     bool SkipByCharacter(std::size_t count);
 
     const wchar_t* position_ = nullptr;
-    const wchar_t* known_ = nullptr;  // no zero character lies before it
-    const wchar_t* limit_ = nullptr;  // end of a text without terminator
+    const wchar_t* known_ = nullptr;   // the text does not end before it
+    const wchar_t* window_ = nullptr;  // the characters from here to `known_` have a bit each in `stops_`
+    std::uint64_t stops_ = 0;          // which of them may end a field or stand for another character
+    const wchar_t* limit_ = nullptr;   // end of a text without terminator
     RecordSeparator separator_;
 };
 
