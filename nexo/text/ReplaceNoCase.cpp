@@ -35,19 +35,19 @@ bool NeverTouch(std::wstring_view oldText, std::wstring_view newText) {
            !nexo::EndsWithHeadNoCase(oldText, newText);
 }
 
-/// Replaces every occurrence in one pass. False, with nothing done, if two of them overlap.
-bool ReplaceInOnePass(std::wstring& text, std::wstring_view oldText, std::wstring_view newText,
-                      std::size_t& count) {
-    std::wstring result;
+/// Replaces every occurrence in one pass. False, with `result` in pieces, if two of them overlap.
+bool ReplaceInOnePass(std::wstring_view text, std::wstring_view oldText, std::wstring_view newText,
+                      std::wstring& result, std::size_t& count) {
     std::size_t copied = 0;
     std::size_t at = FindTextNoCase(text, oldText);
+    result.reserve(text.size());
     for (count = 0; at != kNotFound; ++count) {
         result.append(text, copied, at - copied).append(newText);
         copied = at + oldText.size();
         at = FindTextNoCase(text, oldText, at + 1);
         if (at < copied) return false;
     }
-    text = result.append(text, copied);
+    result.append(text, copied);
     return true;
 }
 
@@ -255,13 +255,14 @@ private:
 
 namespace nexo {
 
-std::uint64_t ReplaceTextNoCase(std::wstring& text, std::wstring_view oldText, std::wstring_view newText,
-                                std::size_t limit) {
+std::uint64_t ReplaceTextNoCase(std::wstring_view text, std::wstring_view oldText, std::wstring_view newText,
+                                std::size_t limit, std::wstring& result) {
     std::size_t count = 0;
-    if (NeverTouch(oldText, newText) && ReplaceInOnePass(text, oldText, newText, count)) return count;
+    result.clear();
+    if (NeverTouch(oldText, newText) && ReplaceInOnePass(text, oldText, newText, result, count)) return count;
     Procedure procedure(text, oldText, newText, limit);
     Progress& progress = procedure.Run();
-    text = std::move(progress.text);
+    result = std::move(progress.text);
     return progress.count;
 }
 
@@ -270,9 +271,10 @@ std::uint64_t ReplaceTextNoCase(std::wstring& text, std::wstring_view oldText, s
 int moxStrUtil::ReplaceNoCase(CString& s, const wchar_t* old, const wchar_t* neu) {
     const CString oldText(old), newText(neu);
     if (oldText.IsEmpty() || !neu || FindTextNoCase(s.View(), oldText.View()) == kNotFound) return 0;
-    std::wstring text(s.View());
-    const std::size_t limit = 16 * text.size() + 1048576;
-    const std::uint64_t count = nexo::ReplaceTextNoCase(text, oldText.View(), newText.View(), limit);
-    s = std::wstring_view(text);
+    const std::size_t limit = 16 * s.View().size() + 1048576;
+    std::wstring result;
+    const std::uint64_t count =
+        nexo::ReplaceTextNoCase(s.View(), oldText.View(), newText.View(), limit, result);
+    s.SetUnits(result);
     return static_cast<int>(std::min<std::uint64_t>(count, INT_MAX));
 }

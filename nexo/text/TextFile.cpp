@@ -148,12 +148,13 @@ bool EndsWithLine(std::string_view bytes, const Encoding& encoding) {
     return last == L'\n' || last == L'\r';
 }
 
-/// What to append to a file of this content: first a line end where its last line has none.
-bool EncodeAppendix(std::string_view content, const CStringList& lines, unsigned int codePage,
-                    ByteBuffer& bytes) {
-    const Encoding encoding = MarkedEncoding(content).value_or(PageEncoding(codePage));
-    const bool open = content.size() > encoding.mark.size() && !EndsWithLine(content, encoding);
-    if (open && !Encode(L"\r\n", encoding, bytes)) return false;
+/// What to append to a file that begins and ends with these bytes (`start` is longer than any mark, or the
+/// whole file): first a line end where its last line has none.
+bool EncodeAppendix(std::string_view start, std::string_view end, const CStringList& lines,
+                    unsigned int codePage, ByteBuffer& bytes) {
+    const Encoding encoding = MarkedEncoding(start).value_or(PageEncoding(codePage));
+    const bool isOpen = start != encoding.mark && !EndsWithLine(end, encoding);
+    if (isOpen && !Encode(L"\r\n", encoding, bytes)) return false;
     return EncodeLines(lines, encoding, bytes);
 }
 
@@ -234,14 +235,15 @@ bool WriteTextLines(const wchar_t* file, const CStringList& lines, unsigned int 
 }
 
 bool AppendTextLines(const wchar_t* file, const CStringList& lines, unsigned int codePage) {
-    ByteBuffer content;
-    if (!platform::ReadWholeFile(file, content)) {
-        const bool isNew = platform::LastError() == platform::kErrorFileNotFound;
-        return isNew && WriteTextLines(file, lines, codePage, false);
-    }
-    if (content.IsEmpty()) return WriteTextLines(file, lines, codePage, false);
+    char start[4], end[2];
+    const std::ptrdiff_t size = platform::ReadFileStart(file, start, sizeof start);
+    const bool isNew = size < 0 && platform::LastError() == platform::kErrorFileNotFound;
+    if (isNew || size == 0) return WriteTextLines(file, lines, codePage, false);
+    const std::ptrdiff_t tail = platform::ReadFileEnd(file, end, sizeof end);
+    if (size < 0 || tail < 0) return false;
     ByteBuffer bytes;
-    return EncodeAppendix(content.View(), lines, codePage, bytes) &&
+    return EncodeAppendix({start, static_cast<std::size_t>(size)}, {end, static_cast<std::size_t>(tail)},
+                          lines, codePage, bytes) &&
            platform::AppendToFile(file, bytes.View());
 }
 

@@ -2,54 +2,70 @@
 //
 // The back-tracking is shallow on purpose: behind a "*" only the next candidate is tried, and the end of the
 // pattern never returns to it. Patterns in use rely on it, and it keeps the match linear in the text.
+#include <wchar.h>
+
 #include <string>
 
 #include "nexo/base/CharClass.h"
+#include "nexo/text/CharScan.h"
 #include "nexo/text/StrUtil.h"
 
 namespace {
 
-using Fold = wchar_t (*)(wchar_t);
+struct AsItIs {
+    static wchar_t Fold(wchar_t c) { return c; }
+    static wchar_t OtherForm(wchar_t c) { return c; }
+};
 
-wchar_t AsItIs(wchar_t c) {
-    return c;
-}
-wchar_t LowerCase(wchar_t c) {
-    return nexo::ToLower(c);
-}
+/// Lower and upper case are one to one, so a letter has no third form.
+struct LowerCase {
+    static wchar_t Fold(wchar_t c) { return nexo::ToLower(c); }
+    static wchar_t OtherForm(wchar_t c) { return nexo::ToUpper(c); }
+};
+
+/// The text that is matched; its end is looked for once it is needed.
+template <class Case>
+class Subject {
+public:
+    explicit Subject(const wchar_t* text) : at_(text) {}
+
+    bool AtEnd() const { return !*at_; }
+    wchar_t Take() { return Case::Fold(*at_++); }
+    const wchar_t* Position() const { return at_; }
+
+    /// Whether the pattern character consumes the character here, which is not the end.
+    bool Suits(wchar_t pattern) const { return pattern == L'?' || Case::Fold(pattern) == Case::Fold(*at_); }
+
+    /// Goes on to the first character equal to `next`, or to the end; also when `next` is a "?", which then
+    /// equals a "?" alone.
+    void GoTo(wchar_t next) {
+        if (!end_) end_ = at_ + wcslen(at_);
+        at_ = next ? nexo::FindAnyOf(at_, end_, {{next, Case::Fold(next), Case::OtherForm(next)}}) : end_;
+    }
+
+private:
+    const wchar_t* at_;
+    const wchar_t* end_ = nullptr;
+};
 
 const wchar_t* SkipStars(const wchar_t* pattern) {
     while (*pattern == L'*') ++pattern;
     return pattern;
 }
 
-/// The first character equal to `next`, or the terminator. `next` may be a "?": only a "?" in the text is
-/// equal.
-template <Fold fold>
-const wchar_t* FindCandidate(const wchar_t* s, wchar_t next) {
-    const wchar_t folded = fold(next);
-    while (*s && fold(*s) != folded) ++s;
-    return s;
-}
-
-/// Whether the pattern character consumes a character that is not the terminator.
-template <Fold fold>
-bool Consumes(wchar_t pattern, wchar_t c) {
-    return pattern == L'?' || fold(pattern) == fold(c);
-}
-
-template <Fold fold>
+template <class Case>
 bool MatchesWhole(const wchar_t* s, const wchar_t* pattern) {
+    Subject<Case> subject(s);
     const wchar_t* star = nullptr;
     for (const wchar_t* p = pattern; *p;) {
         if (*p == L'*') {
             star = p;
             p = SkipStars(p);
-            s = FindCandidate<fold>(s, *p);
-        } else if (!*s) {
+            subject.GoTo(*p);
+        } else if (subject.AtEnd()) {
             return false;
-        } else if (Consumes<fold>(*p, *s)) {
-            ++s;
+        } else if (subject.Suits(*p)) {
+            subject.Take();
             ++p;
         } else if (star) {
             p = star;
@@ -57,22 +73,24 @@ bool MatchesWhole(const wchar_t* s, const wchar_t* pattern) {
             return false;
         }
     }
-    return !*s;
+    return subject.AtEnd();
 }
 
-template <Fold fold>
+template <class Case>
 bool CollectMatch(std::wstring& matched, const wchar_t* s, const wchar_t* pattern, bool wholeString) {
+    Subject<Case> subject(s);
     const wchar_t* star = nullptr;
     for (const wchar_t* p = pattern; *p;) {
         if (*p == L'*') {
             star = p;
             p = SkipStars(p);
-            const wchar_t* const candidate = FindCandidate<fold>(s, *p);
-            while (s != candidate) matched += fold(*s++);
-        } else if (!*s) {
+            const wchar_t* passed = subject.Position();
+            subject.GoTo(*p);
+            while (passed != subject.Position()) matched += Case::Fold(*passed++);
+        } else if (subject.AtEnd()) {
             return false;
-        } else if (Consumes<fold>(*p, *s)) {
-            matched += fold(*s++);
+        } else if (subject.Suits(*p)) {
+            matched += subject.Take();
             ++p;
         } else if (star) {
             p = star;
@@ -81,10 +99,10 @@ bool CollectMatch(std::wstring& matched, const wchar_t* s, const wchar_t* patter
         } else {
             matched.clear();
             p = pattern;
-            ++s;
+            subject.Take();
         }
     }
-    return wholeString ? !*s : !matched.empty();
+    return wholeString ? subject.AtEnd() : !matched.empty();
 }
 
 }  // namespace
