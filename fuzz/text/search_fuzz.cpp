@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "fuzz/text/text_reference.h"
 #include "nexo/base/TextSearch.h"
@@ -32,19 +33,31 @@ void CheckSearch(const std::wstring& text, const std::wstring& part) {
     Check(moxStrUtil::ContainsNoCase(text.c_str(), part.c_str()) == (lowered != text.npos));
 }
 
+void CheckCopy(const nexo::ScanKernel& kernel, const wchar_t* from, const wchar_t* end,
+               const nexo::StopSet3& stops) {
+    const nexo::StopSet4 same = {
+        {stops.characters[0], stops.characters[1], stops.characters[2], stops.characters[2]}};
+    std::vector<wchar_t> copy(static_cast<std::size_t>(end - from) + nexo::kCopySlack);
+    const wchar_t* const stop = kernel.copyUntilAny(copy.data(), from, end, same);
+    Check(stop == kernel.findAny(from, end, stops));
+    Check(std::equal(from, stop, copy.begin()));
+}
+
 void CheckKernels(const std::wstring& text, const std::wstring& part) {
     if (part.size() < 2 || text.size() < part.size()) return;
     const wchar_t* const end = text.data() + text.size();
     const nexo::StopSet3 few = {{part[0], part[1], part.back()}};
-    const nexo::StopSet6 many = {{part[0], part[1], part.back(), L':', L'&', 0}};
+    const nexo::StopSet6 many = {{part[0], part[1], part.back(), L':', L'&', L'\x10000'}};
     const nexo::LetterForms first = {part[0], part[1]}, last = {part.back(), L'A'};
     const std::size_t distance = part.size() - 1;
     const nexo::ScanKernel& plain = nexo::ScanKernels().back();
     for (const nexo::ScanKernel& kernel : nexo::ScanKernels()) {
         for (std::size_t i = 0; i <= std::min<std::size_t>(text.size() - distance, 20); ++i) {
             const wchar_t* const from = text.data() + i;
-            Check(kernel.findAny3(from, end, few) == plain.findAny3(from, end, few));
-            Check(kernel.findAny6(from, end, many) == plain.findAny6(from, end, many));
+            Check(kernel.findAny(from, end, few) == plain.findAny(from, end, few));
+            const std::size_t count = std::min<std::size_t>(64, static_cast<std::size_t>(end - from));
+            Check(kernel.stopMask(from, count, many) == plain.stopMask(from, count, many));
+            CheckCopy(kernel, from, end, few);
             Check(kernel.findPair(from, end - distance, distance, first, last) ==
                   plain.findPair(from, end - distance, distance, first, last));
         }
@@ -54,10 +67,10 @@ void CheckKernels(const std::wstring& text, const std::wstring& part) {
 void CheckReplace(const std::wstring& text, const std::wstring& part, const std::wstring& neu) {
     if (part.empty()) return;
     constexpr std::size_t limit = 1500;
-    std::wstring want = text, replaced = text;
+    std::wstring want = text, replaced;
     std::uint64_t count = 0;
     if (!reference::ReplaceNoCase(want, part, neu, limit, count)) return;
-    Check(nexo::ReplaceTextNoCase(replaced, part, neu, limit) == count);
+    Check(nexo::ReplaceTextNoCase(text, part, neu, limit, replaced) == count);
     Check(replaced == want);
 }
 

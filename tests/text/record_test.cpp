@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cwchar>
 #include <limits>
 #include <new>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "nexo/text/StrUtil.h"
@@ -13,87 +15,63 @@
 
 namespace {
 
-using Fields = std::vector<std::pair<std::wstring, bool>>;
-
-/// The first fields of a record with the result of each Get().
-Fields ReadFields(CMoxSubStr& record, std::size_t count) {
-    Fields fields;
-    for (std::size_t i = 0; i < count; ++i) {
+/// Every field of as many calls as `want` is long, each followed by ">" if more may follow, else by ".".
+std::wstring ReadFields(CMoxSubStr& record, std::size_t length) {
+    std::wstring fields;
+    while (fields.size() < length) {
         CString field(L"old");
         const bool more = record.Get(field);
-        fields.emplace_back(std::wstring(field.View()), more);
+        fields.append(field.View()).append(more ? L">" : L".");
     }
     return fields;
 }
 
-TEST(Record, FieldsByCharacter) {
+TEST(Record, ReadsFields) {
     struct Row {
         const char* name;
-        const wchar_t* record;
-        wchar_t separator;
-        bool begins;
-        Fields want;
+        const wchar_t *record, *separator;  // one character is passed as a character
+        const wchar_t* want;
     };
     const Row rows[] = {
-        {"two", L"a:b", L':', true, {{L"a", true}, {L"b", false}, {L"", false}}},
-        {"separator at the end", L"a:b:", L':', true, {{L"a", true}, {L"b", true}, {L"", false}}},
-        {"empty", L"", L':', false, {{L"", false}, {L"", false}}},
-        {"no text", nullptr, L':', false, {{L"", false}}},
-        {"escapes", L"a®b;c&r&n;&x&", L';', true, {{L"a:b", true}, {L"c\r\n", true}, {L"&x&", false}}},
-        {"stops at a line break",
-         L"x:y\nz",
-         L':',
-         true,
-         {{L"x", true}, {L"y", true}, {L"", true}, {L"", true}}},
-        {"CR LF ends, CR does not", L"x\ry\r\nz", L':', true, {{L"x\ry", true}, {L"", true}}},
-        {"CR at the end", L"x:\r", L':', true, {{L"x", true}, {L"\r", false}}},
-        {"lone CR first", L"\ra:b", L':', false, {{L"\ra", true}, {L"b", false}}},
-        {"LF first", L"\na", L':', false, {{L"", true}}},
-        {"mark of translated text", L"≈a:b≈:≈≈c", L':', true, {{L"a", true}, {L"b≈", true}, {L"≈c", false}}},
-        {"separator r in an escape", L"a&rbrc", L'r', true, {{L"a\rb", true}, {L"c", false}}},
-        {"separator &", L"a&rb", L'&', true, {{L"a", true}, {L"rb", false}}},
-        {"separator ®", L"a®b", L'®', true, {{L"a", true}, {L"b", false}}},
-        {"separator zero", L"a:b", L'\0', true, {{L"a:b", false}}},
-        {"longer than a block",
-         L"0123456789abcdefghij&r0123456789:z",
-         L':',
-         true,
-         {{L"0123456789abcdefghij\r0123456789", true}, {L"z", false}}},
+        {"two", L"a:b", L":", L"a>b.."},
+        {"separator at the end", L"a:b:", L":", L"a>b>.."},
+        {"empty", L"", L":", L".."},
+        {"no text", nullptr, L":", L"."},
+        {"escapes", L"a®b;c&r&n;&x&", L";", L"a:b>c\r\n>&x&."},
+        {"stops at a line break", L"x:y\nz", L":", L"x>y>>>"},
+        {"CR LF ends, CR does not", L"x\ry\r\nz", L":", L"x\ry>>"},
+        {"CR at the end", L"x:\r", L":", L"x>\r.."},
+        {"lone CR first", L"\ra:b", L":", L"\ra>b."},
+        {"LF first", L"\na", L":", L">"},
+        {"mark of translated text", L"≈a:b≈:≈≈c", L":", L"a>b≈>≈c."},
+        {"separator r in an escape", L"a&rbrc", L"r", L"a\rb>c."},
+        {"separator &", L"a&rb", L"&", L"a>rb."},
+        {"separator ®", L"a®b", L"®", L"a>b."},
+        {"longer than a block", L"0123456789abcdefghij&r0123456789:z", L":",
+         L"0123456789abcdefghij\r0123456789>z."},
+        {"foreign character", L"a\x1F600:b", L":", L"a\xD83D\xDE00>b."},
+        {"string in sequence", L"a--b", L"--", L"a>b."},
+        {"string scattered", L"xaxb1", L"ab", L"xa>1."},
+        {"part of a string at the end", L"x-", L"--", L"x->."},
+        {"escape consumed whole", L"a&rb-r", L"-r", L"a\rb>."},
+        {"break before string", L"a\r\nb", L"\r\n", L"a>>"},
+        {"escaped colon as string", L"a®®b", L"®®", L"a>b."},
+        {"empty string", L"a:b", L"", L"a:b."},
+        {"no string", L"a:b", nullptr, L"a:b."},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         CMoxSubStr record;
-        EXPECT_EQ(record.GetInit(row.record, row.separator), row.begins);
-        EXPECT_EQ(ReadFields(record, row.want.size()), row.want);
+        const std::wstring_view text(row.record ? row.record : L"");
+        const bool begins = row.separator && row.separator[0] && !row.separator[1]
+                                ? record.GetInit(row.record, row.separator[0])
+                                : record.GetInit(row.record, row.separator);
+        EXPECT_EQ(begins, !text.empty() && text[0] != L'\r' && text[0] != L'\n');
+        EXPECT_EQ(ReadFields(record, std::wcslen(row.want)), row.want);
     }
 }
 
-TEST(Record, FieldsByString) {
-    struct Row {
-        const char* name;
-        const wchar_t* record;
-        const wchar_t* separator;
-        Fields want;
-    };
-    const Row rows[] = {
-        {"in sequence", L"a--b", L"--", {{L"a", true}, {L"b", false}}},
-        {"scattered", L"xaxb1", L"ab", {{L"xa", true}, {L"1", false}}},
-        {"part of one at the end", L"x-", L"--", {{L"x-", true}, {L"", false}}},
-        {"escape consumed whole", L"a&rb-r", L"-r", {{L"a\rb", true}, {L"", false}}},
-        {"break before separator", L"a\r\nb", L"\r\n", {{L"a", true}, {L"", true}}},
-        {"escaped colon as its character", L"a®®b", L"®®", {{L"a", true}, {L"b", false}}},
-        {"empty", L"a:b", L"", {{L"a:b", false}}},
-        {"none", L"a:b", nullptr, {{L"a:b", false}}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        CMoxSubStr record;
-        record.GetInit(row.record, row.separator);
-        EXPECT_EQ(ReadFields(record, row.want.size()), row.want);
-    }
-}
-
-TEST(Record, KeepsOutputAtTheEndUnlessCleared) {
+TEST(Record, EndAndMarkAsAskedFor) {
     CMoxSubStr record;
     CString out(L"old");
     EXPECT_FALSE(record.Get(out, false));
@@ -102,13 +80,9 @@ TEST(Record, KeepsOutputAtTheEndUnlessCleared) {
     EXPECT_EQ(out, L"old");
     EXPECT_FALSE(record.Get(out, true));
     EXPECT_EQ(out, L"");
-}
-
-TEST(Record, RawReadingKeepsTheMark) {
     CMoxSubStr::setSubstrReadRawTrData(true);
-    CMoxSubStr record;
-    record.GetInit(L"≈a", L':');
-    EXPECT_EQ(ReadFields(record, 1), (Fields{{L"≈a", false}}));
+    record.GetInit(L"≈a", L'\0');
+    EXPECT_EQ(ReadFields(record, 3), L"≈a.");
     CMoxSubStr::setSubstrReadRawTrData(false);
 }
 
@@ -131,33 +105,31 @@ T Read(const wchar_t* field, T before, bool force) {
 }
 
 TEST(Record, ReadsNumbers) {
-    for (const char* locale : {"C", "de_DE.UTF-8", "tr_TR.UTF-8"}) {
-        SCOPED_TRACE(locale);
-        const auto scope = std::string(locale) == "C" ? nullptr : std::make_unique<LocaleScope>(locale);
-        EXPECT_EQ(Read(L" -12x", 7, false), -12);
-        EXPECT_EQ(Read(L"99999999999", 7, false), 2147483647);
-        EXPECT_EQ(Read(L"", 7, false), 7);
-        EXPECT_EQ(Read(L"", 7, true), 0);
-        EXPECT_EQ(Read(L":x", 7, true), 0);
-        EXPECT_EQ(Read(L"-1", 7u, false), 4294967295u);
-        EXPECT_EQ(Read(L"-1", 7ul, false), 4294967295ul) << "unsigned long means 32 bits";
-        EXPECT_EQ(Read(L"-1", 7l, false), -1l);
-        EXPECT_EQ(Read(L"1,5,0", 7.0f, false), 1.5f) << "only the first comma";
-        EXPECT_EQ(Read(L"1,5", 7.0, false), 1.5);
-        EXPECT_EQ(Read(L"1.5,5", 7.0, false), 1.5);
-        EXPECT_EQ(Read(L"0.12345678905", 7.0, false), 0.1234567891);
-        EXPECT_EQ(Read(L"-0.00000000005", 7.0, false), 0.0) << "halves go up";
-        EXPECT_EQ(Read(L"1e300", 7.0, false), std::numeric_limits<double>::infinity());
-        EXPECT_EQ(Read(L"", 7.0, false), 7.0);
-        EXPECT_TRUE(Read(L"2", false, true));
-        EXPECT_FALSE(Read(L"", true, false));
-        EXPECT_FALSE(Read(L"", true, true));
-    }
+    const LocaleScope german("de_DE.UTF-8");
+    EXPECT_EQ(Read(L" -12x", 7, false), -12);
+    EXPECT_EQ(Read(L"99999999999", 7, false), 2147483647);
+    EXPECT_EQ(Read(L"", 7, false), 7);
+    EXPECT_EQ(Read(L"", 7, true), 0);
+    EXPECT_EQ(Read(L"-1", 7u, false), 4294967295u);
+    EXPECT_EQ(Read(L"-1", 7ul, false), 4294967295ul) << "unsigned long means 32 bits";
+    EXPECT_EQ(Read(L"-1", 7l, false), -1l);
+    EXPECT_EQ(Read(L"1,5,0", 7.0f, false), 1.5f) << "only the first comma";
+    EXPECT_EQ(Read(L"1,5", 7.0, false), 1.5);
+    EXPECT_EQ(Read(L"0.12345678905", 7.0, false), 0.1234567891);
+    EXPECT_EQ(Read(L"-0.00000000005", 7.0, false), 0.0) << "halves go up";
+    EXPECT_EQ(Read(L"1e300", 7.0, false), std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(Read(L"2", false, true));
+    EXPECT_FALSE(Read(L"", true, false));
 }
 
 TEST(Record, WritesFields) {
     CMoxSubStr record;
     CString text;
+    record.Add(CString(L"a\0b", 3));
+    record.AddEnd(text);
+    EXPECT_EQ(text, L"a:") << "a new writer keeps its last colon";
+    EXPECT_EQ(record.getSeparatorChar(), L':');
+    EXPECT_EQ(record.getSeparatorString(), nullptr);
     record.AddInit(L';');
     record.Add(L"a:b");
     record.Add(L"c\r\n&");
@@ -180,16 +152,6 @@ TEST(Record, WritesFields) {
     EXPECT_STREQ(record.rawData(), L"k <*> v <*> ");
     record.AddEnd(text);
     EXPECT_EQ(text, L"k <*> v");
-}
-
-TEST(Record, NewWriterKeepsItsLastColon) {
-    CMoxSubStr record;
-    EXPECT_EQ(record.getSeparatorChar(), L':');
-    EXPECT_EQ(record.getSeparatorString(), nullptr);
-    record.Add(L"a");
-    CString text;
-    record.AddEnd(text);
-    EXPECT_EQ(text, L"a:");
 }
 
 TEST(Record, BufferGrowsAndMayBeItsOwnSource) {
@@ -215,24 +177,14 @@ TEST(Record, BufferGrowsAndMayBeItsOwnSource) {
 }
 
 TEST(Record, FieldsByNumber) {
-    struct Row {
-        const char* name;
-        const wchar_t* record;
-        long number;
-        const wchar_t* want;
+    const std::tuple<const wchar_t*, long, const wchar_t*> rows[] = {
+        {L"a:b:c", 2, L"b"},          {L"a:b", 3, L""},      {L"a:b", 0, L""}, {L"a:b", 2147483647, L""},
+        {L"x:y\nz", 4000000000, L""}, {L"a:b®c", 2, L"b:c"},
     };
-    const Row rows[] = {
-        {"middle", L"a:b:c", 2, L"b"},
-        {"missing", L"a:b", 3, L""},
-        {"zero", L"a:b", 0, L""},
-        {"far away", L"a:b", 2147483647, L""},
-        {"behind a break", L"x:y\nz", 4000000000, L""},
-        {"escaped", L"a:b®c", 2, L"b:c"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(moxStrUtil::GetSubStr(row.record, row.number, L':'), row.want);
-        EXPECT_EQ(moxStrUtil::GetSubStr(CString(row.record), row.number, L":"), row.want);
+    for (const auto& [record, number, want] : rows) {
+        SCOPED_TRACE(testing::Message() << record << " " << number);
+        EXPECT_EQ(moxStrUtil::GetSubStr(record, number, L':'), want);
+        EXPECT_EQ(moxStrUtil::GetSubStr(CString(record), number, L":"), want);
     }
     EXPECT_EQ(moxStrUtil::GetSubStr(nullptr, 1, L':'), L"");
     CString next;
@@ -255,22 +207,14 @@ TEST(Record, RememberedPlaceNoticesEveryChange) {
 }
 
 TEST(Record, SetsFieldsByNumber) {
-    struct Row {
-        const char* name;
-        const wchar_t* record;
-        long number;
-        const wchar_t* want;
+    const std::tuple<const wchar_t*, long, const wchar_t*> rows[] = {
+        {L"a:b:c", 2, L"a:x®:c"}, {L"a:b", 4, L"a:b::x®"},  {L"", 1, L"x®"},
+        {L"a:b:", 1, L"x®:b:"},   {L"a:≈b&q", 0, L"a:b&q"}, {L"a:b\nc:d", 1, L"x®:b"},
     };
-    const Row rows[] = {
-        {"middle", L"a:b:c", 2, L"a:x®:c"},        {"fills up", L"a:b", 4, L"a:b::x®"},
-        {"empty record", L"", 1, L"x®"},           {"keeps the empty last field", L"a:b:", 1, L"x®:b:"},
-        {"zero rewrites", L"a:≈b&q", 0, L"a:b&q"}, {"ends at a break", L"a:b\nc:d", 1, L"x®:b"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        CString record(row.record);
-        moxStrUtil::SetSubStr(record, row.number, L':', L"x:");
-        EXPECT_EQ(record, row.want);
+    for (const auto& [before, number, after] : rows) {
+        CString record(before);
+        moxStrUtil::SetSubStr(record, number, L':', L"x:");
+        EXPECT_EQ(record, after);
     }
     CString record(L"a--b");
     moxStrUtil::SetSubStr(record, 2, L"--", record);

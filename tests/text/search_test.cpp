@@ -3,8 +3,8 @@
 #include <chrono>
 #include <string>
 
-#include "nexo/text/StrUtil.h"
 #include "nexo/text/FoldedSearch.h"
+#include "nexo/text/StrUtil.h"
 #include "support/LocaleScope.h"
 
 namespace {
@@ -28,11 +28,9 @@ TEST(Search, FindsWithoutCase) {
     EXPECT_EQ(moxStrUtil::FindIndexNoCase(street, L"", 8), -1);
     EXPECT_EQ(moxStrUtil::FindIndexNoCase(street, L"s", -1), -1);
     EXPECT_EQ(moxStrUtil::FindIndexNoCase(street, nullptr, 0), -1);
-    for (const char* locale : {"de_DE.UTF-8", "tr_TR.UTF-8"}) {
-        const LocaleScope scope(locale);
-        EXPECT_TRUE(moxStrUtil::ContainsNoCase(L"Ωmega ÄTI", L"ωMEGA äti"));
-        EXPECT_EQ(moxStrUtil::FindNoCase(L"Ω", L"ω"), nullptr) << "this search does not fold Greek";
-    }
+    const LocaleScope turkish("tr_TR.UTF-8");
+    EXPECT_TRUE(moxStrUtil::ContainsNoCase(L"Ωmega ÄTI", L"ωMEGA äti"));
+    EXPECT_EQ(moxStrUtil::FindNoCase(L"Ω", L"ω"), nullptr) << "this search does not fold Greek";
     EXPECT_TRUE(moxStrUtil::ContainsNoCase(L"", L""));
     EXPECT_FALSE(moxStrUtil::ContainsNoCase(nullptr, L""));
     EXPECT_FALSE(moxStrUtil::ContainsNoCase(L"", nullptr));
