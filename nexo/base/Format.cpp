@@ -354,30 +354,29 @@ void Write(TextBuilder<Ch>& out, const Ch* format, std::span<const FormatArg> ar
     while (*format) format = *format == '%' ? CopyConversion(out, format, list) : CopyLiteral(out, format);
 }
 
+template <class Ch>
+void FormatTo(BasicString<Ch>& out, const Ch* format, std::span<const FormatArg> args, bool append) {
+    TextBuilder<Ch> text;
+    Write(text, format, args);
+    append ? text.AppendTo(out) : text.AssignTo(out);
+}
+
 }  // namespace
 
 void FormatInto(CString& out, const wchar_t* format, std::span<const FormatArg> args) {
-    TextBuilder<wchar_t> text;
-    Write(text, format, args);
-    text.AssignTo(out);
+    FormatTo(out, format, args, false);
 }
 
 void FormatInto(CStringA& out, const char* format, std::span<const FormatArg> args) {
-    TextBuilder<char> text;
-    Write(text, format, args);
-    text.AssignTo(out);
+    FormatTo(out, format, args, false);
 }
 
 void AppendFormatTo(CString& out, const wchar_t* format, std::span<const FormatArg> args) {
-    TextBuilder<wchar_t> text;
-    Write(text, format, args);
-    text.AppendTo(out);
+    FormatTo(out, format, args, true);
 }
 
 void AppendFormatTo(CStringA& out, const char* format, std::span<const FormatArg> args) {
-    TextBuilder<char> text;
-    Write(text, format, args);
-    text.AppendTo(out);
+    FormatTo(out, format, args, true);
 }
 
 }  // namespace nexo
