@@ -329,7 +329,8 @@ struct Block {
 }  // namespace
 
 const CodePageKernels* Avx2Kernels() {
-    return &kKernels;
+    const bool able = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi");
+    return able ? &kKernels : nullptr;
 }
 
 }  // namespace nexo::platform

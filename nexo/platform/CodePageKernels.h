@@ -36,8 +36,7 @@ struct CodePageKernels {
 /// The fastest loops that this machine runs; chosen once.
 [[nodiscard]] NEXO_API const CodePageKernels& BestKernels();
 
-/// The AVX2 loops, or null where the library was built for another processor. Only for machines that have
-/// AVX2.
+/// The AVX2 loops; null where this processor has no AVX2.
 [[nodiscard]] const CodePageKernels* Avx2Kernels();
 
 }  // namespace nexo::platform

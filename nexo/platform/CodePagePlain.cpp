@@ -66,11 +66,29 @@ struct Block {
         return i;
     }
 
+    // Whether one of the narrowed bytes is 80 to 9F, which are other characters than the units of their
+    // value.
+    static bool HasMiddle(const char* narrowed) {
+        std::uint64_t halves[2];
+        std::memcpy(halves, narrowed, sizeof halves);
+        std::uint64_t zeros = 0;  // a zero byte borrows into its top bit
+        for (const std::uint64_t half : halves) {
+            const std::uint64_t rest = (half & 0xE0E0E0E0E0E0E0E0u) ^ 0x8080808080808080u;
+            zeros |= (rest - 0x0101010101010101u) & ~rest & 0x8080808080808080u;
+        }
+        return zeros != 0;
+    }
+
+    // Units that are the bytes of the page as they are.
+    static bool NarrowDirect(const SingleBytePage& page, const wchar_t* in, char* out) {
+        if (!AllBelow(in, page.latin ? 0x100 : 0x80)) return false;
+        Narrow(in, out);
+        return !page.latin || !HasMiddle(out);
+    }
+
     static bool NarrowPage(const SingleBytePage& page, const wchar_t*& in, char*& out) {
         std::ptrdiff_t count = kUnits;
-        if (AllBelow(in, 0x80)) {
-            Narrow(in, out);
-        } else {
+        if (!NarrowDirect(page, in, out)) {
             for (count = 0; count < kUnits; ++count) {
                 const std::uint8_t byte = page.ByteOf(static_cast<std::uint32_t>(in[count]));
                 if (byte == 0 && in[count] != 0) break;
@@ -107,14 +125,6 @@ struct Block {
 
 #include "nexo/platform/CodePageLoops.inl"
 
-const CodePageKernels& Choose() {
-    const CodePageKernels* avx2 = Avx2Kernels();
-#if defined(__x86_64__)
-    if (avx2 != nullptr && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi")) return *avx2;
-#endif
-    return kKernels;
-}
-
 }  // namespace
 
 const CodePageKernels& PlainKernels() {
@@ -122,8 +132,8 @@ const CodePageKernels& PlainKernels() {
 }
 
 const CodePageKernels& BestKernels() {
-    static const CodePageKernels& best = Choose();
-    return best;
+    static const CodePageKernels* const avx2 = Avx2Kernels();
+    return avx2 == nullptr ? kKernels : *avx2;
 }
 
 }  // namespace nexo::platform

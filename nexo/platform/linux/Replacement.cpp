@@ -77,7 +77,9 @@ bool Replacement::Stage() {
 }
 
 bool Replacement::InheritFromTarget() {
-    const bool foreign = status_.st_uid != geteuid() || status_.st_gid != getegid();
+    struct stat own;
+    if (fstat(file_.Get(), &own) != 0) return false;
+    const bool foreign = status_.st_uid != own.st_uid || status_.st_gid != own.st_gid;
     if (foreign && fchown(file_.Get(), status_.st_uid, status_.st_gid) != 0) return false;
     if (fchmod(file_.Get(), status_.st_mode & 07777) != 0) return false;
     CopyExtendedAttributes(target_.Get(), file_.Get());
