@@ -22,7 +22,7 @@ public:
         kRead,          ///< an existing file, from its start
         kAppend,        ///< an existing or new file; every write goes to its end
         kCreateNew,     ///< kErrorFileExists when there is one
-        kCreateAlways,  ///< an existing one is emptied
+        kCreateAlways,  ///< an existing one is emptied; success then leaves kErrorAlreadyExists, else 0
     };
     enum class Share {
         kAll,       ///< others may read and write

@@ -91,7 +91,8 @@ NEXO_API bool DeleteFile(const wchar_t* path);
 
 /// Copies content, last-write time and attributes; the creation time is that of the copy. An existing target
 /// keeps its old content unless the copy is complete. kErrorAccessDenied for directories and for a read-only
-/// target, kErrorFileExists with `failIfExists`, kErrorSharingViolation for a copy onto itself.
+/// target, kErrorFileExists with `failIfExists`, kErrorSharingViolation for a copy onto itself. Success
+/// leaves 0 in LastError(), so that a caller can tell a failure of its own checks from one of the copy.
 NEXO_API bool CopyFile(const wchar_t* from, const wchar_t* to, bool failIfExists = false);
 
 /// One level. kErrorAlreadyExists when the name is taken, kErrorPathNotFound without the parent.

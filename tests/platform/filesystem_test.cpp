@@ -120,6 +120,7 @@ TEST_F(FileSystem, OpeningFiles) {
     EXPECT_FALSE(file.Open(Path("."), File::Mode::kAppend));
     EXPECT_EQ(LastError(), kErrorAccessDenied);
     EXPECT_TRUE(file.Open(Path("OLD"), File::Mode::kCreateAlways));
+    EXPECT_EQ(LastError(), kErrorAlreadyExists);
     EXPECT_TRUE(file.Write("new"));
     EXPECT_TRUE(file.Open(Path("old"), File::Mode::kRead));
     char bytes[8];
@@ -318,6 +319,7 @@ TEST_F(FileSystem, Copying) {
     ASSERT_TRUE(SetReadOnly(Path("readonly"), true));
     ASSERT_TRUE(SetFileStamp(Path("from"), FileStamp::kWritten, kUnixEpochTicks + 1234567890));
     EXPECT_TRUE(CopyFile(Path("FROM"), Path("to")));
+    EXPECT_EQ(LastError(), kErrorSuccess);
     EXPECT_EQ(Get("to"), "content");
     FileInfo info;
     ASSERT_TRUE(GetFileInfo(Path("to"), info));

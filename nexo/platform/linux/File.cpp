@@ -33,7 +33,8 @@ bool LockAs(int file, File::Share share) {
 bool OpenForWriting(const std::string& native, File::Mode mode, File::Share share, Descriptor& file) {
     const int flags = FlagsOf(mode) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     struct stat status;
-    if (stat(native.c_str(), &status) == 0) {
+    const bool existed = stat(native.c_str(), &status) == 0;
+    if (existed) {
         if (mode == File::Mode::kCreateNew) return Fail(kErrorFileExists);
         if (!S_ISREG(status.st_mode) || IsReadOnlyMode(status.st_mode)) return Fail(kErrorAccessDenied);
     }
@@ -43,7 +44,9 @@ bool OpenForWriting(const std::string& native, File::Mode mode, File::Share shar
     if (!S_ISREG(status.st_mode)) return Fail(kErrorAccessDenied);
     if (IsLocked(file.Get(), LockTest::kWriting) || !LockAs(file.Get(), share))
         return Fail(kErrorSharingViolation);
-    if (mode == File::Mode::kCreateAlways && ftruncate(file.Get(), 0) != 0) return FailWithErrno();
+    if (mode != File::Mode::kCreateAlways) return true;
+    if (ftruncate(file.Get(), 0) != 0) return FailWithErrno();
+    SetLastError(existed ? kErrorAlreadyExists : kErrorSuccess);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cassert>
 #include <string>
 #include <vector>
 
@@ -148,10 +149,12 @@ void FileSearch::Close() {
 }
 
 std::wstring_view FileSearch::Name() const {
+    assert(IsOpen());
     return state_->matches[state_->current].name;
 }
 
 bool FileSearch::IsDirectory() const {
+    assert(IsOpen());
     return state_->matches[state_->current].directory;
 }
 

@@ -69,7 +69,9 @@ bool CopyFile(const wchar_t* from, const wchar_t* to, bool failIfExists) {
     if (!CopyContent(source.Get(), target.Get(), static_cast<std::uint64_t>(status.st_size)))
         return FailWithErrno();
     target.SetAttributes(status.st_mode & 0777, status.st_mtim);
-    return target.Commit(Replacement::Sync::kLosses);
+    if (!target.Commit(Replacement::Sync::kLosses)) return false;
+    SetLastError(kErrorSuccess);
+    return true;
 }
 
 bool CreateDirectory(const wchar_t* path) {
