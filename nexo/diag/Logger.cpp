@@ -156,16 +156,17 @@ bool CLogger::OpenFile() {
 }
 
 bool CLogger::OpenAnotherFile() {
-    const CString oldName = WithoutExtension(logName_);
+    const CString oldName = logName_;
     std::uint32_t tick = nexo::platform::TickCount();
     for (int attempt = 0; attempt < 16; ++attempt, ++tick) {
-        logName_.Format(L"%s_%u.csv", oldName, tick);
+        logName_.Format(L"%s_%u.csv", WithoutExtension(oldName), tick);
         filePath_ = Joined(directory_, logName_);
         if (nexo::platform::FileExists(filePath_))
             continue;  // of a process that started in the same millisecond
-        if (file_.Open(filePath_, File::Mode::kAppend, File::Share::kReadOnly)) return WriteHeader();
+        if (file_.Open(filePath_, File::Mode::kAppend, File::Share::kReadOnly) && WriteHeader()) return true;
         if (nexo::platform::LastError() != nexo::platform::kErrorSharingViolation) break;
     }
+    logName_ = oldName;
     return false;
 }
 
@@ -230,7 +231,8 @@ void CLogger::WriteStartup(const CString& module) {
     }
 }
 
-void CLogger::PurgeLogFiles(int days) {
+CStringArray CLogger::FindOldLogFiles(int days) const {
+    CStringArray files;
     const CString directory = Directory();
     const std::int64_t now = nexo::platform::SystemTimeTicks();
     nexo::platform::FileSearch search;
@@ -238,6 +240,11 @@ void CLogger::PurgeLogFiles(int days) {
         nexo::platform::FileInfo info;
         if (search.IsDirectory() || !search.Info(info) || WholeDays(now - info.written) <= days) continue;
         const CString file = Joined(directory, CString(search.Name()));
-        if (!IsBeingWritten(file)) nexo::platform::DeleteFile(file);
+        if (!IsBeingWritten(file)) files.Add(file);
     }
+    return files;
+}
+
+void CLogger::PurgeLogFiles(int days) {
+    for (const CString& file : FindOldLogFiles(days)) nexo::platform::DeleteFile(file);
 }

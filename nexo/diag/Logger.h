@@ -6,6 +6,7 @@
 #include <string>
 
 #include "nexo/base/CString.h"
+#include "nexo/base/Containers.h"
 #include "nexo/base/Export.h"
 #include "nexo/base/FormatArg.h"
 #include "nexo/platform/ByteBuffer.h"
@@ -75,6 +76,9 @@ public:
     /// Deletes the files "*.csv" of the log's folder that were last written more than `days` whole days ago.
     /// Logs that are open for writing, here or elsewhere, stay.
     void PurgeLogFiles(int days);
+
+    /// The paths of what PurgeLogFiles would delete.
+    [[nodiscard]] CStringArray FindOldLogFiles(int days) const;
 
 private:
     struct Position {
