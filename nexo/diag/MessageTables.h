@@ -3,6 +3,8 @@
 #ifndef NEXO_DIAG_MESSAGETABLES_H
 #define NEXO_DIAG_MESSAGETABLES_H
 
+// Private to the library.
+
 namespace nexo {
 
 /// A named value or flag.

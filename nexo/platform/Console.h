@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "nexo/base/Export.h"
+
 // The standard streams as a terminal; text is UTF-8.
 
 namespace nexo::platform {
 
 /// Whether a person sees what is written to stderr, or can also answer on stdin.
-[[nodiscard]] bool IsErrorTerminal();
+[[nodiscard]] NEXO_API bool IsErrorTerminal();
 [[nodiscard]] bool CanAsk();
 
 void WriteToError(std::string_view text);

@@ -1,13 +1,15 @@
 #ifndef NEXO_TEXT_BASE64KERNELS_H
 #define NEXO_TEXT_BASE64KERNELS_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <span>
 #include <vector>
 
 #include "nexo/base/Export.h"
 
-// The inner loops of Base64.h, one set for each instruction set; not for use by applications.
+// The inner loops of Base64.h, one set for each instruction set.
 namespace nexo {
 
 /// One set of inner loops. Each works on as long a head of its input as suits it and returns how much of the

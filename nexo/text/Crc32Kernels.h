@@ -1,6 +1,8 @@
 #ifndef NEXO_TEXT_CRC32KERNELS_H
 #define NEXO_TEXT_CRC32KERNELS_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -8,7 +10,7 @@
 
 #include "nexo/base/Export.h"
 
-// The inner loops of Crc32.h, one for each instruction set; not for use by applications.
+// The inner loops of Crc32.h, one for each instruction set.
 namespace nexo {
 
 /// One way to carry a CRC over further bytes; `state` is the complement of the CRC so far.

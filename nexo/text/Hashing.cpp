@@ -3,9 +3,7 @@
 #include "nexo/text/FileBlocks.h"
 #include "nexo/text/Md5.h"
 
-namespace {
-
-CString HexText(const nexo::Md5::Digest& digest) {
+CString nexo::HexText(const nexo::Md5::Digest& digest) {
     constexpr int count = 2 * static_cast<int>(sizeof(nexo::Md5::Digest));
     // Two plain loops without tables, which the compiler turns into vector code.
     unsigned char nibbles[count];
@@ -19,16 +17,14 @@ CString HexText(const nexo::Md5::Digest& digest) {
     return text;
 }
 
-}  // namespace
-
 CString CHashing::md5(const CString& s) {
     nexo::Md5 md5;
     md5.UpdateUnits(s.View());
-    return HexText(md5.Finish());
+    return nexo::HexText(md5.Finish());
 }
 
 CString CHashing::md5_file(const CString& path) {
     nexo::Md5 md5;
     const auto take = [&](std::string_view block) { md5.Update(block.data(), block.size()); };
-    return nexo::ReadFileBlocks(path, take) == 0 ? HexText(md5.Finish()) : CString();
+    return nexo::ReadFileBlocks(path, take) == 0 ? nexo::HexText(md5.Finish()) : CString();
 }

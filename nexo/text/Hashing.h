@@ -3,6 +3,7 @@
 
 #include "nexo/base/CString.h"
 #include "nexo/base/Export.h"
+#include "nexo/text/Md5.h"
 
 /// MD5 of texts and files as 32 lower-case hexadecimal digits. For messages that come in pieces see Md5.h.
 /// All functions may be called from any thread.
@@ -16,5 +17,12 @@ public:
     /// The digest of the file's whole content; "" when the file cannot be opened or read to its end.
     static CString md5_file(const CString& path);
 };
+
+namespace nexo {
+
+/// The text form of a digest that was computed with Md5.h.
+[[nodiscard]] NEXO_API CString HexText(const Md5::Digest& digest);
+
+}  // namespace nexo
 
 #endif

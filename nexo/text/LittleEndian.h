@@ -1,6 +1,8 @@
 #ifndef NEXO_TEXT_LITTLEENDIAN_H
 #define NEXO_TEXT_LITTLEENDIAN_H
 
+// Private to the library.
+
 #include <cstdint>
 
 namespace nexo {
