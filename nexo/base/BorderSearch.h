@@ -1,8 +1,6 @@
 #ifndef NEXO_BASE_BORDERSEARCH_H
 #define NEXO_BASE_BORDERSEARCH_H
 
-// Private to the library.
-
 #include <cstddef>
 #include <cstdint>
 #include <string_view>

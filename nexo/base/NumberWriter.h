@@ -1,8 +1,6 @@
 #ifndef NEXO_BASE_NUMBERWRITER_H
 #define NEXO_BASE_NUMBERWRITER_H
 
-// Private to the library.
-
 #include <cstddef>
 #include <cstdint>
 

@@ -21,6 +21,7 @@ SlotSlab* SlabPool::MakeSlab(bool run) {
     slab->fresh = SlotSlab::kFirstSlot;
     slab->pinCount = 0;
     slab->run = run;
+    slab->touched = false;
     return slab;
 }
 
@@ -108,18 +109,20 @@ void SlabRun::NextSlab() {
         slab_ = pool_.MakeSlab(true);
         slab_->live = kSlabHeld;
     }
-    pinned_ = nullptr;
+    pinned_[0] = pinned_[1] = nullptr;
     first_ = at_ = reinterpret_cast<char*>(slab_) + slab_->fresh;
     end_ = slab_->End();
 }
 
 /// Counts the slots that were taken and leaves the rest of the slab to the next run.
-void SlabRun::Leave() noexcept {
+void SlabRun::Leave() {
     if (!slab_) return;
+    const int taken = static_cast<int>((at_ - first_) / static_cast<std::ptrdiff_t>(pool_.slotSize_));
+    if (shares_ && taken > 0) shares_->shares_.push_back({slab_, taken});
     SlotSlab* const slab = std::exchange(slab_, nullptr);
     slab->fresh = static_cast<std::uint32_t>(at_ - reinterpret_cast<char*>(slab));
-    const int taken = static_cast<int>((at_ - first_) / static_cast<std::ptrdiff_t>(pool_.slotSize_));
-    SlotSlab* full = at_ == end_ ? slab : nullptr;
+    // A slab whose pins run out would not serve the next run well.
+    SlotSlab* full = at_ == end_ || slab->pinCount > SlotSlab::kMaxPins / 2 ? slab : nullptr;
     if (!full) {
         if (taken > 0) AddLive(slab, taken);
         const ThreadGuard guard(pool_.mutex_);
@@ -138,8 +141,22 @@ bool SlabRun::PinSlab(TextSlab* slab) noexcept {
         *end = slab;
         ++slab_->pinCount;
     }
-    pinned_ = slab;
+    pinned_[1] = pinned_[0];
+    pinned_[0] = slab;
     return true;
+}
+
+// Shares
+
+bool SlabShares::AreUntouched() const noexcept {
+    return std::none_of(shares_.begin(), shares_.end(), [](const Share& share) {
+        return __atomic_load_n(&share.slab->touched, __ATOMIC_RELAXED);
+    });
+}
+
+void SlabShares::GiveAll() noexcept {
+    for (const Share& share : shares_) SlabPool::DropRun(share.slab, share.count);
+    shares_.clear();
 }
 
 }  // namespace nexo

@@ -15,6 +15,9 @@ static_assert(kSlabsPerRegion == 32);
 /// From this many regions on a region is worth a large page; below, memory is touched slab by slab.
 constexpr std::size_t kFirstLargePage = 2;
 
+/// The most empty regions that are kept: 128 MiB.
+constexpr std::size_t kMostSpares = 64;
+
 /// A piece of memory cut into slabs.
 struct Region {
     char* memory;
@@ -23,12 +26,19 @@ struct Region {
     Region* next;
 };
 
-/// The regions that have a free slab.
+/// The regions that have a free slab, and empty ones kept for later.
+///
+/// A process that fills and empties slabs again and again would spend more time in getting memory from the
+/// system than in using it. So every region that has to be made although an empty one was freed before raises
+/// the number of empty ones that are kept; a process that needs much memory once gives back all of it but one
+/// region.
 struct Store {
     std::mutex mutex;
     Region* partial = nullptr;
-    Region* spare = nullptr;  // a region without a taken slab, kept so that a tree made and destroyed costs
-                              // no system call
+    Region* spare = nullptr;  // without a taken slab; chained by `next`
+    std::size_t spares = 0;
+    std::size_t sparesKept = 1;
+    std::size_t freed = 0;  // regions freed that might have been kept
     std::size_t regions = 0;
 
     Region* MakeRegion();
@@ -40,7 +50,14 @@ struct Store {
 constinit Store store;
 
 Region* Store::MakeRegion() {
-    if (spare) return std::exchange(spare, nullptr);
+    if (spare) {
+        --spares;
+        return std::exchange(spare, spare->next);
+    }
+    if (freed > 0 && sparesKept < kMostSpares) {
+        --freed;
+        ++sparesKept;
+    }
     auto* const region = new Region{nullptr, kAllFree, nullptr, nullptr};
     region->memory = static_cast<char*>(std::aligned_alloc(kRegionSize, kRegionSize));
     if (!region->memory) {
@@ -65,11 +82,14 @@ void Store::Unlink(Region* region) noexcept {
 }
 
 void Store::Discard(Region* region) noexcept {
-    if (!spare) {
+    if (spares < sparesKept) {
+        region->next = spare;
         spare = region;
+        ++spares;
         return;
     }
     --regions;
+    ++freed;
     std::free(region->memory);
     delete region;
 }
@@ -95,6 +115,17 @@ void GiveSlab(SlabHeader* slab) noexcept {
     if (region->free != kAllFree) return;
     store.Unlink(region);
     store.Discard(region);
+}
+
+void FreeSpareSlabs() noexcept {
+    const ThreadGuard guard(store.mutex);
+    store.sparesKept = 0;
+    while (store.spare) {
+        --store.spares;
+        store.Discard(std::exchange(store.spare, store.spare->next));
+    }
+    store.sparesKept = 1;
+    store.freed = 0;
 }
 
 }  // namespace nexo

@@ -51,6 +51,9 @@ Slab* SlabOf(const void* inside) noexcept {
 /// A slab with a header of zeros but for the store's part. Any thread. Throws std::bad_alloc.
 [[nodiscard]] NEXO_API SlabHeader* TakeSlab();
 NEXO_API void GiveSlab(SlabHeader* slab) noexcept;
+/// Gives the system back what is kept for slabs to come. That is little, unless the process made and
+/// destroyed large trees several times.
+NEXO_API void FreeSpareSlabs() noexcept;
 
 /// Adds to the count of living things. Costs no locked instruction while the process has one thread.
 inline void AddLive(SlabHeader* slab, int count) noexcept {

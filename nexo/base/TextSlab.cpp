@@ -21,6 +21,11 @@ TextSlab* TakeOpen() noexcept {
     return std::exchange(open.slab, nullptr);
 }
 
+TextRoom RestOf(TextSlab* slab) noexcept {
+    char* const begin = reinterpret_cast<char*>(slab);
+    return {begin + slab->used, begin + kSlabSize};
+}
+
 /// Frees the open slab when the text that was just dropped was its last one.
 void CloseOpen(TextSlab* slab) noexcept {
     {
@@ -50,30 +55,34 @@ void ReleaseTextSlab(TextSlab* slab, int count) noexcept {
 CString TextSlabWriter::Make(const wchar_t* text, std::size_t length) {
     if (length == 0) return CString();
     if (!kSlabsEnabled || length > kLongest) return CString(text, static_cast<int>(length));
-    std::copy_n(text, length, Start());
-    StringHeader* const header = Finish(length);
+    TextRoom room = Room(1);
+    std::copy_n(text, length, room.Text());
+    StringHeader* const header = room.Finish(length);
+    Continue(room);
     ShareSlabText(header);
     return CString::Adopt(header);
 }
 
-void TextSlabWriter::NextSlab() {
+void TextSlabWriter::NextSlab(std::size_t texts) {
     LeaveSlab();
     slab_ = TakeOpen();
+    if (slab_ && !RestOf(slab_).Has(texts)) ReleaseTextSlab(std::exchange(slab_, nullptr), kSlabHeld);
     if (!slab_) {
         slab_ = static_cast<TextSlab*>(TakeSlab());
         slab_->live = kSlabHeld;
         slab_->used = sizeof(TextSlab);
     }
-    at_ = reinterpret_cast<char*>(slab_) + slab_->used;
-    end_ = reinterpret_cast<char*>(slab_) + kSlabSize;
+    room_ = RestOf(slab_);
 }
 
 /// Leaves the slab to the next writer when it has room for that, else to its owners.
 void TextSlabWriter::LeaveSlab() noexcept {
     if (!slab_) return;
     TextSlab* const slab = std::exchange(slab_, nullptr);
-    slab->used = static_cast<std::uint32_t>(at_ - reinterpret_cast<char*>(slab));
-    if (end_ - at_ < static_cast<std::ptrdiff_t>(kRoom)) return ReleaseTextSlab(slab, kSlabHeld);
+    const bool full = !room_.Has(1);
+    slab->used = static_cast<std::uint32_t>(room_.At() - reinterpret_cast<char*>(slab));
+    room_ = TextRoom();
+    if (full) return ReleaseTextSlab(slab, kSlabHeld);
     TextSlab* other;
     {
         const ThreadGuard guard(open.mutex);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
 
 #include "nexo/base/Export.h"
 #include "nexo/base/Fwd.h"
@@ -24,6 +25,43 @@ NEXO_API void ReleaseSlabText(const StringHeader* header) noexcept;
 /// Takes `count` owners away at once.
 NEXO_API void ReleaseTextSlab(TextSlab* slab, int count = 1) noexcept;
 
+/// The rest of a text slab, as a value that loops can keep in registers.
+class TextRoom {
+public:
+    /// Code units of the longest text that it takes.
+    static constexpr std::size_t kLongest = 256;
+    /// Code units that may be written, and read, behind a text: scratch space for loops over whole blocks.
+    static constexpr std::size_t kScratch = 16;
+
+    constexpr TextRoom() noexcept = default;
+    TextRoom(char* at, char* end) noexcept : at_(at), end_(end) {}
+
+    [[nodiscard]] char* At() const noexcept { return at_; }
+    /// Whether so many texts of any length fit.
+    [[nodiscard]] bool Has(std::size_t texts) const noexcept {
+        return static_cast<std::size_t>(end_ - at_) >= texts * kPerText;
+    }
+    /// Where the next text goes.
+    [[nodiscard]] wchar_t* Text() const noexcept {
+        return reinterpret_cast<wchar_t*>(at_ + sizeof(StringHeader));
+    }
+    /// Turns what was written there into a block, which nobody owns.
+    StringHeader* Finish(std::size_t length) noexcept {
+        const auto units = static_cast<std::uint32_t>(length);
+        Text()[length] = 0;
+        auto* const header = new (at_) StringHeader{kSlabText, units, units};
+        at_ += sizeof(StringHeader) + (length + 1) * sizeof(wchar_t);
+        return header;
+    }
+
+private:
+    static constexpr std::size_t kPerText =
+        sizeof(StringHeader) + (kLongest + kScratch + 1) * sizeof(wchar_t);
+
+    char* at_ = nullptr;
+    char* end_ = nullptr;
+};
+
 /// Makes many short strings without a heap block each, for readers of large documents.
 ///
 /// The strings are ordinary ones: they may outlive the writer, be copied, and be destroyed from any thread;
@@ -32,10 +70,7 @@ NEXO_API void ReleaseTextSlab(TextSlab* slab, int count = 1) noexcept;
 class NEXO_API TextSlabWriter {
 public:
     /// A text longer than this many code units gets a heap block of its own.
-    static constexpr std::size_t kLongest = 256;
-    /// Code units that may be written behind the text in Start()'s room: scratch space for whole-vector
-    /// stores.
-    static constexpr std::size_t kScratch = 8;
+    static constexpr std::size_t kLongest = TextRoom::kLongest;
 
     TextSlabWriter() noexcept = default;
     TextSlabWriter(const TextSlabWriter&) = delete;
@@ -46,30 +81,24 @@ public:
     /// U+FFFF). Throws std::bad_alloc.
     [[nodiscard]] CString Make(const wchar_t* text, std::size_t length);
 
-    /// Room for a text of up to kLongest code units, to be filled by the caller and then handed to Finish().
-    /// Only where kSlabsEnabled. Throws std::bad_alloc.
-    [[nodiscard]] wchar_t* Start() {
-        if (end_ - at_ < static_cast<std::ptrdiff_t>(kRoom)) NextSlab();
-        return reinterpret_cast<wchar_t*>(at_ + sizeof(StringHeader));
+    // Without a string: blocks that nobody owns, for those who keep slabs alive themselves. Only where
+    // kSlabsEnabled.
+
+    /// Room for at least `texts` texts of up to kLongest code units. Leaves the slab in use if it has less:
+    /// texts in it that have no owner are gone then. Throws std::bad_alloc.
+    [[nodiscard]] TextRoom Room(std::size_t texts) {
+        if (!room_.Has(texts)) NextSlab(texts);
+        return room_;
     }
-    /// Turns the room last started into a text that nobody owns yet: it lives while slab() does.
-    StringHeader* Finish(std::size_t length) noexcept {
-        const auto units = static_cast<std::uint32_t>(length);
-        auto* const header = new (at_) StringHeader{kSlabText, units, units};
-        reinterpret_cast<wchar_t*>(header + 1)[length] = 0;
-        at_ += sizeof(StringHeader) + (length + 1) * sizeof(wchar_t);
-        return header;
-    }
+    /// Goes on where the user of the last Room() stopped.
+    void Continue(const TextRoom& room) noexcept { room_ = room; }
 
 private:
-    static constexpr std::size_t kRoom = sizeof(StringHeader) + (kLongest + kScratch + 1) * sizeof(wchar_t);
-
-    void NextSlab();
+    void NextSlab(std::size_t texts);
     void LeaveSlab() noexcept;
 
     TextSlab* slab_ = nullptr;
-    char* at_ = nullptr;
-    char* end_ = nullptr;
+    TextRoom room_;
 };
 
 }  // namespace nexo

@@ -1,8 +1,6 @@
 #ifndef NEXO_PLATFORM_PATHMAPPINGS_H
 #define NEXO_PLATFORM_PATHMAPPINGS_H
 
-// Private to the library.
-
 #include <string>
 #include <string_view>
 

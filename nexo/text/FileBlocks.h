@@ -1,8 +1,6 @@
 #ifndef NEXO_TEXT_FILEBLOCKS_H
 #define NEXO_TEXT_FILEBLOCKS_H
 
-// Private to the library.
-
 #include <functional>
 #include <string_view>
 

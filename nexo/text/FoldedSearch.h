@@ -1,8 +1,6 @@
 #ifndef NEXO_TEXT_FOLDEDSEARCH_H
 #define NEXO_TEXT_FOLDEDSEARCH_H
 
-// Private to the library.
-
 #include <cstddef>
 #include <string_view>
 

@@ -106,6 +106,10 @@ public:
 private:
     friend struct nexo::tree::ItemAccess;
 
+    CLeaf(nexo::StringHeader* name, nexo::StringHeader* value, CTreeItem* prev, CTreeItem* next,
+          std::uintptr_t owner) noexcept
+        : CTreeItem(name, prev, next, owner), value_(CString::Adopt(value)) {}
+
     CString value_;
 };
 

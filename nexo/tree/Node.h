@@ -6,6 +6,10 @@
 #include "nexo/tree/Leaf.h"
 #include "nexo/tree/TreeItem.h"
 
+namespace nexo {
+class SlabShares;
+}
+
 /// An inner node: a name, an ordered list of leaves and an ordered list of child nodes, all of which it owns.
 ///
 /// A new node is empty. Order is kept exactly; names may repeat, and every lookup gives the first match in
@@ -191,11 +195,12 @@ public:
 private:
     friend struct nexo::tree::ItemAccess;
 
+    CNode(nexo::StringHeader* name, CTreeItem* prev, CTreeItem* next, std::uintptr_t owner) noexcept
+        : CTreeItem(name, prev, next, owner) {}
+
     nexo::tree::ItemList children_;
     nexo::tree::ItemList leaves_;
-    mutable POSITION childCursor_ = nullptr;
-    mutable POSITION leafCursor_ = nullptr;
-    std::uint32_t leafUnits_ = 0;
+    nexo::SlabShares* whole_ = nullptr;  // where the branch lies as long as it is as it was read or copied
     bool simpleXml_ = false;
 };
 

@@ -60,8 +60,8 @@ public:
     virtual unsigned long WriteToMem(wchar_t*& cursor, int indent, wchar_t separator) const = 0;
 
     /// Parses one item from a terminated text into this item, which should be empty, and moves `cursor`
-    /// behind it. Returns the size of what was read without indentation plus the white space that was
-    /// skipped; for a text with CR LF line ends these are the units consumed.
+    /// behind it. Returns the size of what was read, without indentation, plus all white space skipped; in
+    /// that the line ends behind the heads of nodes count twice.
     ///
     /// Throws CExcRead; then the item and `cursor` are as before. The text is not changed, and nothing behind
     /// its terminator is read.
@@ -98,6 +98,11 @@ protected:
 
 private:
     friend struct nexo::tree::ItemAccess;
+    friend class CNode;
+    friend class CLeaf;
+
+    CTreeItem(nexo::StringHeader* name, CTreeItem* prev, CTreeItem* next, std::uintptr_t owner) noexcept
+        : name_(CString::Adopt(name)), prev_(prev), next_(next), owner_(owner) {}
 
     CString name_;
     CTreeItem* prev_ = nullptr;

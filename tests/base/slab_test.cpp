@@ -103,8 +103,10 @@ TEST(SlabPool, ARunKeepsItsTextsUntilItsLastSlotIsGone) {
         TextSlabWriter texts;
         for (int i = 0; i < 100000; ++i) {
             auto* const slot = new (run.Take()) nexo::StringHeader*;
-            *texts.Start() = static_cast<wchar_t>(L'a' + i % 26);
-            *slot = texts.Finish(1);
+            nexo::TextRoom room = texts.Room(1);
+            *room.Text() = static_cast<wchar_t>(L'a' + i % 26);
+            *slot = room.Finish(1);
+            texts.Continue(room);
             ASSERT_TRUE(run.Pin(*slot));
             slots.push_back(slot);
         }
