@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_BORDERSEARCH_H
 #define NEXO_BASE_BORDERSEARCH_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,8 @@
 #ifndef NEXO_BASE_NUMBERWRITER_H
 #define NEXO_BASE_NUMBERWRITER_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <cstdint>
 

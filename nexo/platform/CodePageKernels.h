@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_CODEPAGEKERNELS_H
 #define NEXO_PLATFORM_CODEPAGEKERNELS_H
 
+// Private to the library.
+
 #include <cstddef>
 
 #include "nexo/base/Export.h"

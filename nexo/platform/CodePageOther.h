@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_CODEPAGEOTHER_H
 #define NEXO_PLATFORM_CODEPAGEOTHER_H
 
+// Private to the library.
+
 #include <string>
 #include <string_view>
 

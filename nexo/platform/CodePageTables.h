@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_CODEPAGETABLES_H
 #define NEXO_PLATFORM_CODEPAGETABLES_H
 
+// Private to the library.
+
 #include <cstdint>
 
 #include "nexo/base/Export.h"

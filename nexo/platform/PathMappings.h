@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_PATHMAPPINGS_H
 #define NEXO_PLATFORM_PATHMAPPINGS_H
 
+// Private to the library.
+
 #include <string>
 #include <string_view>
 

@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_PATHTEXT_H
 #define NEXO_PLATFORM_PATHTEXT_H
 
+// Private to the library.
+
 #include <string>
 #include <string_view>
 #include <vector>

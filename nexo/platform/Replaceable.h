@@ -1,6 +1,8 @@
 #ifndef NEXO_PLATFORM_REPLACEABLE_H
 #define NEXO_PLATFORM_REPLACEABLE_H
 
+// Private to the library.
+
 #include <memory>
 #include <mutex>
 #include <utility>

@@ -121,7 +121,8 @@ NEXO_AVX2 inline unsigned MaskOf(__m256i hits) {
     return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(hits)));
 }
 
-/// The first `count` of eight characters, zeros behind them; reads no more.
+/// The first `count` of eight characters, zeros behind them; reads no more. Slow where `p` points nowhere,
+/// as it does in empty texts.
 NEXO_AVX2 inline __m256i LoadFirst(const wchar_t* p, std::size_t count) {
     alignas(32) static constexpr int lanes[16] = {-1, -1, -1, -1, -1, -1, -1, -1};
     const __m256i wanted = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lanes + 8 - count));
@@ -140,6 +141,7 @@ NEXO_AVX2 const wchar_t* FindAnyAvx2(const wchar_t* p, const wchar_t* end, const
     for (; end - p >= 8; p += 8) {
         if (const unsigned mask = StopHits(Load256(p), stops)) return p + __builtin_ctz(mask);
     }
+    if (p == end) return end;
     const auto rest = static_cast<std::size_t>(end - p);
     const unsigned mask = StopHits(LoadFirst(p, rest), stops) | 1u << rest;
     return p + __builtin_ctz(mask);
@@ -159,22 +161,27 @@ NEXO_AVX2 std::uint64_t StopMaskAvx2(const wchar_t* p, std::size_t count, const 
     return mask | std::uint64_t{rest & ((1u << (count - i)) - 1)} << i;
 }
 
-NEXO_AVX2 inline unsigned CopyBlock(wchar_t* out, __m256i block, const StopSet4& stops) {
+NEXO_AVX2 inline void Store256(wchar_t* out, __m256i block) {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), block);
-    return StopHits(block, stops);
 }
 
 /// Up to 16 characters are copied without a branch on how many there are: most fields are as short.
 NEXO_AVX2 const wchar_t* CopyUntilAnyAvx2(wchar_t* out, const wchar_t* p, const wchar_t* end,
-                                          const StopSet4& stops) {
+                                          const StopSet4& wanted) {
+    const StopSet4 stops = wanted;  // which no store to `out` can change, so that they stay in registers
     for (; end - p > 16; p += 8, out += 8) {
-        if (const unsigned mask = CopyBlock(out, Load256(p), stops)) return p + __builtin_ctz(mask);
+        const __m256i block = Load256(p);
+        Store256(out, block);
+        if (const unsigned mask = StopHits(block, stops)) return p + __builtin_ctz(mask);
     }
+    if (p == end) return end;
     const auto count = static_cast<std::size_t>(end - p);
     const std::size_t first = count < 8 ? count : 8;
-    const unsigned low = CopyBlock(out, LoadFirst(p, first), stops);
-    const unsigned high = CopyBlock(out + first, LoadFirst(p + first, count - first), stops);
-    return (low | high) == 0 ? end : p + __builtin_ctz(low | high << first);
+    const __m256i low = LoadFirst(p, first), high = LoadFirst(p + first, count - first);
+    Store256(out, low);
+    Store256(out + first, high);
+    const unsigned mask = (StopHits(low, stops) | StopHits(high, stops) << first) & ((1u << count) - 1);
+    return mask == 0 ? end : p + __builtin_ctz(mask);
 }
 
 NEXO_AVX2 inline __m256i FormHits(__m256i block, __m256i one, __m256i other) {

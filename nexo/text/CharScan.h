@@ -1,6 +1,8 @@
 #ifndef NEXO_TEXT_CHARSCAN_H
 #define NEXO_TEXT_CHARSCAN_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <cstdint>
 #include <span>

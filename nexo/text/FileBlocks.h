@@ -1,6 +1,8 @@
 #ifndef NEXO_TEXT_FILEBLOCKS_H
 #define NEXO_TEXT_FILEBLOCKS_H
 
+// Private to the library.
+
 #include <functional>
 #include <string_view>
 

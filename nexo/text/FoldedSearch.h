@@ -1,6 +1,8 @@
 #ifndef NEXO_TEXT_FOLDEDSEARCH_H
 #define NEXO_TEXT_FOLDEDSEARCH_H
 
+// Private to the library.
+
 #include <cstddef>
 #include <string_view>
 

@@ -18,7 +18,8 @@ NEXO_API int substr(wchar_t* text, int n, wchar_t sep, wchar_t* out);
 /// drops one trailing line feed.
 ///
 /// After a partial match the search resumes one character PAST the mismatch, so "aab" holds no separator "ab"
-/// (stored texts rely on it). An empty separator separates nothing.
+/// (stored texts rely on it). An empty separator separates nothing. A string literal is no `CString`: say
+/// CString(L";"), or the compiler takes it for the buffer of the next function.
 [[nodiscard]] NEXO_API CString substr(const CString& text, int n, const CString& sep);
 
 /// What follows the (n-1)-th occurrence of the string `sep`, up to the first character that occurs in
