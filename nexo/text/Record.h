@@ -29,8 +29,8 @@ class NEXO_API CMoxSubStr {
 public:
     constexpr CMoxSubStr() { m_reader.SetSeparator(ColonWithoutLength()); }
 
-    /// Starts to read `text`, which must outlive the reading. False when it is null or begins with its end, a
-    /// carriage return or a line feed.
+    /// Starts to read `text`, which must stay as it is while it is read. False when it is null or begins with
+    /// its end, a carriage return or a line feed.
     bool GetInit(const wchar_t* text, wchar_t sep) { return GetInit(text, nexo::RecordSeparator(sep)); }
     /// The same with a separator of several characters, which is not copied. Its characters may be met
     /// scattered: with "ab", "xaxb" ends after its "b" and gives "xa" (stored records rely on it).

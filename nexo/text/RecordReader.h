@@ -65,7 +65,7 @@ private:
 /// Empty by default: it then stands at the end of no text. The text is not copied and must stay unchanged
 /// while it is read; so must a separator string. A field without escapes is a piece of the text itself, any
 /// other is assembled in the shared read buffer and valid until the next field is read by any reader of the
-/// process.
+/// process. Fields hold code units only: a character above U+FFFF is split.
 class NEXO_API RecordReader {
 public:
     constexpr RecordReader() = default;
@@ -143,7 +143,7 @@ void ForEachField(RecordReader reader, Use&& use) {
 /// text costs one pass over it. Not for two threads at once.
 ///
 /// It recognises a text by sharing its block, so a change of the text can never be overlooked; that block
-/// stays in memory until another text is asked for, the last field is reached, or Forget() is called. Short
+/// stays in memory until another text is asked for, a field is missing, or Forget() is called. Short
 /// distances are not worth remembering and hold nothing.
 class NEXO_API RecordIndex {
 public:

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <tuple>
 
 #include "nexo/text/FoldedSearch.h"
 #include "nexo/text/StrUtil.h"
@@ -106,25 +107,18 @@ TEST(Wildcard, MatchesWholeTexts) {
 }
 
 TEST(Wildcard, CollectsWhatItConsumed) {
-    struct Row {
-        const wchar_t* text;
-        const wchar_t* pattern;
-        int whole;
-        bool want;
-        const wchar_t* matched;
-    };
-    const Row rows[] = {
+    const std::tuple<const wchar_t*, const wchar_t*, int, bool, const wchar_t*> rows[] = {
         {L"xxABy", L"ab", 0, true, L"ab"},  {L"aab", L"ab", 0, false, L""},
         {L"xaby", L"a*y", 0, true, L"aby"}, {L"xab", L"ab", 1, false, L""},
         {L"ab", L"a?", 1, true, L"ab"},     {L"abc", L"ab", 1, false, L"ab"},
         {L"", L"", 1, true, L""},           {L"a", L"", 1, false, L""},
         {L"a", L"", 0, false, L""},         {L"aXb", L"*xc", 0, false, L"axb"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.text << " by " << row.pattern);
-        CString matched(row.text);
-        EXPECT_EQ(moxStrUtil::MatchesWildcardPattern(matched, matched, row.pattern, 0, row.whole), row.want);
-        EXPECT_EQ(matched, row.matched);
+    for (const auto& [text, pattern, whole, want, collected] : rows) {
+        SCOPED_TRACE(testing::Message() << text << " by " << pattern);
+        CString matched(text);
+        EXPECT_EQ(moxStrUtil::MatchesWildcardPattern(matched, matched, pattern, 0, whole), want);
+        EXPECT_EQ(matched, collected);
     }
 }
 

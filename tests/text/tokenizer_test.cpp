@@ -67,28 +67,21 @@ TEST(Tokenizer, ContainsKeepsThePlace) {
 }
 
 TEST(GetToken, PicksByIndex) {
-    struct Row {
-        const wchar_t *text, *delimiter;
-        unsigned int index;
-        int exists;
-        const wchar_t* want;
-    };
-    const Row rows[] = {
+    const std::tuple<const wchar_t*, const wchar_t*, unsigned int, int, const wchar_t*> rows[] = {
         {L"a,b,c", L",", 2, 1, L"c"},        {L"a,b,c", L",", 3, 0, L""},
         {L"a,,c", L",", 1, 1, L""},          {L"", L",", 0, 1, L""},
         {L"abc", L"", 4000000000u, 1, L""},  {L"a-->b", L"-->", 1, 1, L"b"},
         {L"a,b", L",", 4000000000u, 0, L""},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.text << " " << row.index);
-        std::wstring buffer(row.text);
-        EXPECT_EQ(GetToken(buffer.c_str(), row.delimiter, row.index, buffer.data()), row.exists);
-        EXPECT_STREQ(buffer.c_str(), row.want);
-        CString same(row.text);
-        EXPECT_EQ(GetToken(same, row.delimiter, row.index, same),
-                  GetToken(row.text, row.delimiter, row.index));
-        EXPECT_EQ(same, row.want);
-        EXPECT_EQ(GetNotEmptyToken(row.text, row.delimiter, row.index, same), *row.want != 0);
+    for (const auto& [text, delimiter, index, exists, want] : rows) {
+        SCOPED_TRACE(testing::Message() << text << " " << index);
+        std::wstring buffer(text);
+        EXPECT_EQ(GetToken(buffer.c_str(), delimiter, index, buffer.data()), exists);
+        EXPECT_STREQ(buffer.c_str(), want);
+        CString same(text);
+        EXPECT_EQ(GetToken(same, delimiter, index, same), GetToken(text, delimiter, index));
+        EXPECT_EQ(same, want);
+        EXPECT_EQ(GetNotEmptyToken(text, delimiter, index, same), *want != 0);
     }
 }
 
