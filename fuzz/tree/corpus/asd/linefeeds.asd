@@ -1,0 +1,20 @@
+VERSION 2.0
+[PROJEKTDATEN]
+1
+2
+3
+4
+12345 Town
+:::
+7
+8
+1a:D-1/-/
+a:b
+11
+12
+:-1-2/x
+1
+[ENDE_PROJEKTDATEN]
+[LOS]
+A:inf:&r&n::1e9:|||
+[ENDE_LOS]

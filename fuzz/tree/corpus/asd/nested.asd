@@ -1,0 +1,9 @@
+[LOS]
+[LOS]
+[ENDE_LOS]
+[LOS]
+a
+
+b:
+[/]
+[ENDE_LOS]
