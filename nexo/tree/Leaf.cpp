@@ -130,7 +130,7 @@ CString CLeaf::GetOnlyValue(wchar_t separator) const {
     std::wstring_view field;
     reader.Next(field);
     // Most values are one sub-value without escapes; their block is shared.
-    return field.size() == value_.View().size() ? value_ : CString(field);
+    return field == value_.View() ? value_ : CString(field);
 }
 
 int CLeaf::GetOnlyValueI(wchar_t separator, bool force) const {

@@ -91,6 +91,7 @@ TEST(Leaf, ReadsTypedValues) {
                   .GetOnlyValue(),
               L"a:b");
     EXPECT_EQ(Raw(L"whole").GetOnlyValue(), L"whole");
+    EXPECT_EQ(Raw(L"a®b").GetOnlyValue(), L"a:b");  // an escape of the same length
     EXPECT_EQ(Raw(L"").GetOnlyValue(), L"");
     EXPECT_FALSE(Raw(L"").InitGetValues());
     EXPECT_TRUE(Raw(L"\nx").InitGetValues());
