@@ -169,8 +169,6 @@ void AddBase64Avx2(std::vector<Base64Kernel>& kernels) {
 
 #else
 
-const nexo::Base64Kernel* nexo::Base64Avx2() {
-    return nullptr;
-}
+void nexo::AddBase64Avx2(std::vector<Base64Kernel>&) {}
 
 #endif
