@@ -62,13 +62,6 @@ constexpr Cause kCauses[] = {
     {platform::kErrorNameTooLong, "file name too long"},
 };
 
-std::string CauseOfFailure() {
-    const unsigned int error = platform::LastError();
-    for (const Cause& cause : kCauses)
-        if (cause.error == error) return cause.text;
-    return "error " + std::to_string(error);
-}
-
 }  // namespace
 
 std::string ReadBytes(const std::string& file) {
@@ -85,7 +78,7 @@ void WriteBytes(const std::string& file, std::string_view bytes, const WriteOpti
         if (file == "-")
             Out() << bytes;
         else if (!platform::ReplaceFile(LibraryPath(file), bytes))
-            throw Failure(Exit::kSystem, file + ": " + CauseOfFailure());
+            throw Failure(Exit::kSystem, file + ": " + CauseText(platform::LastError()));
     }
     if (options.verbose)
         std::fprintf(stderr, "nexo: %s %s: %s\n", announcement,
@@ -94,6 +87,12 @@ void WriteBytes(const std::string& file, std::string_view bytes, const WriteOpti
 
 std::string DisplayName(const std::string& file) {
     return file == "-" ? "standard input" : file;
+}
+
+std::string CauseText(unsigned int error) {
+    for (const Cause& cause : kCauses)
+        if (cause.error == error) return cause.text;
+    return "error " + std::to_string(error);
 }
 
 CString LibraryPath(const std::string& file) {

@@ -23,6 +23,9 @@ void WriteBytes(const std::string& file, std::string_view bytes, const WriteOpti
 /// How messages name a file.
 std::string DisplayName(const std::string& file);
 
+/// What an error code of the library's platform layer means: "no such file".
+std::string CauseText(unsigned int error);
+
 /// The file's path as the library takes it.
 CString LibraryPath(const std::string& file);
 
