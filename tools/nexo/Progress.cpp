@@ -18,7 +18,7 @@ constexpr auto kPause = std::chrono::milliseconds(100);
 }  // namespace
 
 Progress::Progress(std::string_view label, std::int64_t total)
-    : m_label(Visible(platform::WideFromUtf8(label))),
+    : m_label(Visible(platform::WideFromUtf8(label).View())),
       m_total(total),
       m_seen(total > 0 && platform::IsErrorTerminal()),
       m_next(Clock::now() + kPatience) {}
