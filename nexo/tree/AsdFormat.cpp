@@ -37,7 +37,7 @@ void AddSection(CString& text, const wchar_t* name, const CString& content) {
 class RereadLimit {
 public:
     explicit RereadLimit(std::size_t characters)
-        : m_maxNodes(characters), m_maxReread(16 * characters + 1'048'576) {}
+        : m_maxNodes(characters), m_maxReread(4 * characters + 1'048'576) {}
 
     // Counts the newest batch, read from `begin` to `end`; false once it is too much.
     bool Allows(const CArray<CNode*>& batches, std::size_t begin, std::size_t end) {

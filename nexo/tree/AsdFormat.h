@@ -37,7 +37,7 @@ public:
     /// Returns 0 at a batch that has no end or whose text is no tree: the other sections and the batches
     /// before it are then in the document, and GetReadError tells the place. Blocks nested in blocks are
     /// batches of their own too; 0 as well when such blocks would be read again and again: once more nodes
-    /// were built than the text has characters, or 16 times its characters (+ 1,048,576) were read twice.
+    /// were built than the text has characters, or 4 times its characters (+ 1,048,576) were read twice.
     int ReadFromString(const CString& text);
 
     /// Writes the document's text; throws std::invalid_argument, with `out` unchanged, when the project data

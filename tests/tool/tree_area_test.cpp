@@ -62,7 +62,7 @@ TEST_F(TreeTool, ShowsTreesForPeopleAndPrograms) {
         "b\r\n[B]\r\n\x1B:\"\\\r\n[ENDE_B]\r\n[ENDE_A]\r\n";
     EXPECT_EQ(RunTool({"tree", "show", "-"}, text).out, "[A]\n  x: 1 : a:b\n  [B]\n    ␛: \"\\\n");
     EXPECT_EQ(RunTool({"tree", "show", "--depth", "1", "-"}, text).out,
-              "[A]\n  x: 1 : a:b\n  [B] (1 values, 0 nodes)\n");
+              "[A]\n  x: 1 : a:b\n  [B] (1 value, 0 nodes)\n");
     const ToolAnswer json = RunTool({"tree", "show", "--json", "-"}, text);
     EXPECT_TRUE(IsJson(json.out));
     EXPECT_NE(json.out.find(R"({"name":"x","values":["1","a:b"]})"), std::string::npos);

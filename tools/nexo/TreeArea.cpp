@@ -69,6 +69,10 @@ void ShowLeaves(const CNode& node, std::size_t depth) {
     }
 }
 
+std::string Counted(int count, const char* thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
 void ShowText(const CNode& top, unsigned int maxDepth) {
     const auto enter = [&](const CNode& node, std::size_t depth) {
         Out().Repeat(' ', 2 * depth);
@@ -78,7 +82,8 @@ void ShowText(const CNode& top, unsigned int maxDepth) {
         if (shown || node.NrOfLeaves() + node.NrOfChildren() == 0)
             Out() << "]\n";
         else
-            Out() << "] (" << node.NrOfLeaves() << " values, " << node.NrOfChildren() << " nodes)\n";
+            Out() << "] (" << Counted(node.NrOfLeaves(), "value") << ", "
+                  << Counted(node.NrOfChildren(), "node") << ")\n";
         if (shown) ShowLeaves(node, depth + 1);
         return shown;
     };
