@@ -98,6 +98,10 @@ NEXO_API bool CopyFile(const wchar_t* from, const wchar_t* to, bool failIfExists
 /// One level. kErrorAlreadyExists when the name is taken, kErrorPathNotFound without the parent.
 NEXO_API bool CreateDirectory(const wchar_t* path);
 
+/// The directory and every missing one above it, from the top down, with these permissions less the umask.
+/// True at once when it exists; kErrorDirectoryInvalid when it is a file.
+NEXO_API bool CreateDirectories(const wchar_t* path, unsigned int permissions = 0777);
+
 /// kErrorDirectoryNotEmpty, kErrorFileNotFound, kErrorPathNotFound, kErrorDirectoryInvalid (a file).
 NEXO_API bool RemoveDirectory(const wchar_t* path);
 

@@ -169,6 +169,13 @@ std::string PathText::Native(std::size_t count) const {
     return native;
 }
 
+std::size_t PathText::DepthWithin(std::size_t length) const {
+    std::size_t depth = 0;
+    std::size_t size = root.size();
+    while (depth < names.size() && (size += names[depth].size() + 1) <= length) ++depth;
+    return depth;
+}
+
 bool ParsePath(std::wstring_view path, PathText& text) {
     if (path.empty()) return Refuse(kErrorPathNotFound);
     std::wstring unc;

@@ -45,6 +45,10 @@ NEXO_API bool NativePath(std::wstring_view path, std::string& native);
 /// stay so.
 [[nodiscard]] NEXO_API CString PathFromNative(std::string_view native);
 
+/// `C:\...` form of the place that an existing path leads to, without links; "" with the cause in
+/// LastError().
+[[nodiscard]] NEXO_API CString RealPath(const wchar_t* path);
+
 /// One name, without separators, in the two forms.
 [[nodiscard]] NEXO_API std::string NativeNameFromWide(std::wstring_view name);
 NEXO_API void WideNameFromNative(std::string_view name, std::wstring& wide);

@@ -22,6 +22,9 @@ struct PathText {
     /// Native path of the root and the first `count` names; "." for nothing.
     [[nodiscard]] std::string Native(std::size_t count) const;
     [[nodiscard]] std::string Native() const { return Native(names.size()); }
+
+    /// How many names, from the start, make a native path of at most `length` bytes.
+    [[nodiscard]] std::size_t DepthWithin(std::size_t length) const;
 };
 
 /// Respells the names as they stand on the disk, see NativePath.

@@ -66,8 +66,8 @@ EntryKind KindOf(int directory, const DirectoryEntry& entry) {
                                      : EntryKind::kOther;
 }
 
-Descriptor OpenStart(const std::string& native) {
-    Descriptor directory = OpenDirectory(AT_FDCWD, native.c_str(), true);
+Descriptor OpenStart(const std::string& native, bool followLink) {
+    Descriptor directory = OpenDirectory(AT_FDCWD, native.c_str(), followLink);
     if (directory) return directory;
     struct stat status;
     if (errno == ENOTDIR && stat(native.c_str(), &status) == 0) {

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::size_t Depth() const { return levels_.size(); }
 
 private:
-    static constexpr std::size_t kMostOpen = 32;
+    static constexpr std::size_t kMostOpen = 16;
 
     struct Level {
         Descriptor directory;
@@ -62,7 +62,7 @@ enum class EntryKind { kFile, kDirectory, kLink, kOther };
 [[nodiscard]] EntryKind KindOf(int directory, const DirectoryEntry& entry);
 
 /// Opens the directory that a walk starts from; kErrorPathNotFound or kErrorDirectoryInvalid in LastError().
-[[nodiscard]] Descriptor OpenStart(const std::string& native);
+[[nodiscard]] Descriptor OpenStart(const std::string& native, bool followLink = true);
 
 }  // namespace nexo::platform
 

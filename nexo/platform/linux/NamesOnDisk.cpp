@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <climits>
 #include <ctime>
 #include <mutex>
 #include <unordered_map>
@@ -182,8 +183,9 @@ bool FolderStatus(const std::string& native, struct stat& status) {
 
 void SpellAsOnDisk(PathText& text) {
     struct stat status;
+    if (text.names.empty()) return;
     // The longest beginning that is a folder as it is spelt.
-    std::size_t known = text.names.empty() ? 0 : text.names.size() - 1;
+    std::size_t known = std::min(text.names.size() - 1, text.DepthWithin(PATH_MAX));
     while (known > 0 && !FolderStatus(text.Native(known), status)) --known;
     for (; known < text.names.size(); ++known) {
         if (lstat(text.Native(known + 1).c_str(), &status) == 0) continue;

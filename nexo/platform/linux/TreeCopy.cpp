@@ -11,6 +11,7 @@
 #include "nexo/platform/PathText.h"
 #include "nexo/platform/linux/DirectoryStack.h"
 #include "nexo/platform/linux/Errno.h"
+#include "nexo/platform/linux/MissingFolders.h"
 #include "nexo/platform/linux/NewFile.h"
 #include "nexo/platform/linux/OpenFile.h"
 #include "nexo/platform/linux/Replacement.h"
@@ -204,14 +205,6 @@ bool LiesIn(int directory, Descriptor place) {
     return false;
 }
 
-// The number of names of a path, from its start, that are there.
-std::size_t ExistingDepth(const PathText& text) {
-    struct stat status;
-    std::size_t depth = text.names.size();
-    while (depth > 0 && stat(text.Native(depth).c_str(), &status) != 0) --depth;
-    return depth;
-}
-
 }  // namespace
 
 bool CopyTree(const wchar_t* from, const wchar_t* to) {
@@ -224,8 +217,7 @@ bool CopyTree(const wchar_t* from, const wchar_t* to) {
     const std::size_t depth = ExistingDepth(target);
     if (LiesIn(source.Get(), OpenDirectory(AT_FDCWD, target.Native(depth).c_str(), true)))
         return Fail(kErrorInvalidParameter);
-    for (std::size_t i = depth; i < target.names.size(); ++i)
-        if (mkdir(target.Native(i + 1).c_str(), 0777) != 0) return FailWithErrno();
+    if (!MakeMissing(target, depth, 0777)) return false;
     Descriptor directory = OpenStart(target.Native());
     if (!directory) return false;
     return CopyingWalk(std::move(source), std::move(directory), depth < target.names.size()).Run();

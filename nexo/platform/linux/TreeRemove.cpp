@@ -6,7 +6,9 @@
 #include <cstdlib>
 #include <memory>
 
+#include "nexo/base/CString.h"
 #include "nexo/platform/FileTree.h"
+#include "nexo/platform/NativePath.h"
 #include "nexo/platform/linux/DirectoryStack.h"
 #include "nexo/platform/linux/Errno.h"
 #include "nexo/platform/linux/OpenFile.h"
@@ -60,8 +62,11 @@ private:
         const int parent = directories_.Top();
         Descriptor directory = OpenDirectory(parent, name, false);
         if (directory || errno != EACCES || readOnly_ == ReadOnlyFiles::kLeave) return directory;
-        if (fchmodat(parent, name, 0700, 0) != 0) return directory;
-        return OpenDirectory(parent, name, false);
+        // Opened as a mere place first, so that a link put there meanwhile is not followed.
+        const Descriptor place(openat(parent, name, O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (!place || chmod(("/proc/self/fd/" + std::to_string(place.Get())).c_str(), 0700) != 0)
+            return directory;
+        return OpenDirectory(place.Get(), ".", false);
     }
 
     bool Enter(const char* name) {
@@ -120,7 +125,7 @@ bool IsLinkToDirectory(const std::string& native) {
     return stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-std::string RealPath(const std::string& native) {
+std::string RealNativePath(const std::string& native) {
     const std::unique_ptr<char, void (*)(void*)> path(realpath(native.c_str(), nullptr), std::free);
     return path ? path.get() : std::string();
 }
@@ -132,7 +137,7 @@ bool LiesIn(const std::string& path, const std::string& folder) {
 
 bool HoldsHome(const std::string& real, const char* home) {
     if (home == nullptr || home[0] != '/') return false;
-    const std::string place = RealPath(home);
+    const std::string place = RealNativePath(home);
     return !place.empty() && LiesIn(place, real);
 }
 
@@ -161,16 +166,24 @@ bool RemoveTree(const wchar_t* directory, ReadOnlyFiles readOnly) {
     std::string native;
     if (!Resolve(directory, native)) return false;
     if (IsLinkToDirectory(native)) return unlink(native.c_str()) == 0 || FailWithErrno(native);
-    Descriptor start = OpenStart(native);
+    Descriptor start = OpenStart(native, false);  // should it be a link by now, nothing is done
     if (!start) return false;
     if (!RemovingWalk(std::move(start), readOnly).Run()) return false;
     return rmdir(native.c_str()) == 0 || FailWithErrno(native);
 }
 
+CString RealPath(const wchar_t* path) {
+    std::string native;
+    if (!Resolve(path, native)) return CString();
+    native = RealNativePath(native);
+    if (native.empty()) FailWithErrno();
+    return PathFromNative(native);
+}
+
 bool IsProtectedDirectory(const wchar_t* directory) {
     std::string native;
     if (!Resolve(directory, native)) return true;
-    const std::string real = RealPath(native);
+    const std::string real = RealNativePath(native);
     if (real.empty() || real == "/" || IsMountPoint(real)) return true;
     return HoldsHome(real, std::getenv("HOME")) || HoldsHome(real, ListedHome().c_str());
 }
