@@ -59,6 +59,17 @@ public:
         return turn % 4 == 2 ? Any() : 1.1 * Ordinary();
     }
 
+    /// A grid of any z, with `xs` as its first column and `ys` as its first row.
+    std::vector<double> Cells(const std::vector<double>& xs, const std::vector<double>& ys) {
+        std::vector<double> cells = {std::numeric_limits<double>::quiet_NaN()};
+        cells.insert(cells.end(), ys.begin(), ys.end());
+        for (double x : xs) {
+            cells.push_back(x);
+            for (std::size_t j = 0; j < ys.size(); ++j) cells.push_back(Ordinary());
+        }
+        return cells;
+    }
+
 private:
     std::mt19937 m_engine;
     std::uniform_real_distribution<double> m_distribution{-2.0, 2.0};
