@@ -120,6 +120,16 @@ void SetTextTranslator(TextTranslator translator) {
     textTranslator = translator;
 }
 
+void UserInterface::ShowWaitCursor(bool) {}
+
+WaitCursor::WaitCursor() : userInterface_(GetUserInterface()) {
+    userInterface_->ShowWaitCursor(true);
+}
+
+WaitCursor::~WaitCursor() {
+    userInterface_->ShowWaitCursor(false);
+}
+
 void ShowError(std::wstring_view text, std::wstring_view title) {
     GetUserInterface()->ShowMessage(text, title, MessageIcon::kError, MessageButtons::kOk);
 }

@@ -34,6 +34,9 @@ public:
 
     /// Height of a window's title bar in pixels.
     [[nodiscard]] virtual int GetCaptionHeight() = 0;
+
+    /// Long work begins (true) or has ended (false); calls may nest. Does nothing by default.
+    virtual void ShowWaitCursor(bool show);
 };
 
 [[nodiscard]] NEXO_API std::shared_ptr<UserInterface> GetUserInterface();
@@ -45,6 +48,18 @@ NEXO_API void SetUserInterface(std::shared_ptr<UserInterface> userInterface);
 /// The layer that owns translations sets it; null shows them as they are.
 using TextTranslator = CString (*)(const wchar_t* german);
 NEXO_API void SetTextTranslator(TextTranslator translator);
+
+/// Shows the wait cursor as long as it lives.
+class NEXO_API WaitCursor {
+public:
+    WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor();
+
+private:
+    std::shared_ptr<UserInterface> userInterface_;  // the one that was told the beginning is told the end
+};
 
 /// Shows `text` with the error icon and an OK button.
 NEXO_API void ShowError(std::wstring_view text, std::wstring_view title = {});
