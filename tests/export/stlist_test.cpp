@@ -42,17 +42,6 @@ TEST(Article, LinesOfTheText) {
     }
 }
 
-TEST(Article, CursorOutsideTheTextAndTextAsItsOwnLine) {
-    CArticle article = WithText(L"A\nB");
-    CString line = L"old";
-    article.textCursor = 99;
-    EXPECT_EQ(article.GetNextLine(line), 0);
-    EXPECT_EQ(line, L"");
-    article.textCursor = -1;
-    EXPECT_EQ(article.GetNextLine(article.text), 1);
-    EXPECT_EQ(article.text, L"A");
-}
-
 TEST(StList, SplitsAtTheEndOfThePage) {
     struct Row {
         const char* name;

@@ -177,50 +177,42 @@ TEST_F(TextStListExport, DateOfToday) {
 }
 
 TEST_F(TextStListExport, FaultsOfTheTemplate) {
-    constexpr const char* badField =
-        "Es dürfen nur gültige Variablennamen\nmit der Kennzeichnung '$' aufgeführt sein!|";
+    const std::string badField =
+        "\n\nEs dürfen nur gültige Variablennamen\nmit der Kennzeichnung '$' aufgeführt sein!";
+    const std::string secondOutput =
+        "Die Definition der Ausgabezeile wurde bereits eingelesen.Eine mehrzeilige Ausgabe ist nicht "
+        "möglich!";
     const struct {
-        const char* name;
-        const char* layout;
+        const char* layout;  // names the row
         std::string want;
     } rows[] = {
-        {"unknown block", "\n#FOO x\n", "Zeile 2: \"#FOO x\"\nUnbekannter oder fehlplazierter Block!|"},
-        {"end of no block", "#END", "Zeile 1: \"#END\"\nUnbekannter oder fehlplazierter Block!|"},
-        {"block without end", "#TOP1\na\n#OUTPUT",
-         "Zeile 1: \"#TOP1\"\nDer Block ist nicht mit #END abgeschlossen!|"},
-        {"second first header", "#TOP1\n#END\n#TOP1\n#END",
-         "Zeile: 3\nDer Kopf der 1. Seite wurde bereits eingelesen!|"},
-        {"second next header", "#TOPN\n#END\n#TOPN",
-         "Zeile: 3\nDer Kopf der 2. Seite wurde bereits eingelesen!|"},
-        {"second footer", "#BOTTOM\n#END\n#BOTTOM", "Zeile: 3\nDie Fußzeile wurde bereits eingelesen!|"},
-        {"second output", "#OUTPUT\n#END\n#OUTPUT",
-         "Die Definition der Ausgabezeile wurde bereits eingelesen.Eine mehrzeilige Ausgabe ist nicht "
-         "möglich!|"},
-        {"second line in the output", "#OUTPUT\na\n%\nb",
-         "Die Definition der Ausgabezeile wurde bereits eingelesen.Eine mehrzeilige Ausgabe ist nicht "
-         "möglich!|"},
-        {"early empty line", "#OUTPUT\n%e",
-         "Zeile 2: %e\n\nZusätzliche Leerzeilen sind nur nach der Definitionder Ausgabezeile gestattet!|"},
-        {"article field in the header", "#TOP1\n$POS\n#END", std::string("Zeile 2: \"$POS\"\n\n") + badField},
-        {"page field in the output", "#OUTPUT\na $PAGE_NR\n",
-         std::string("Zeile 2: \"a $PAGE_NR\"\n\n") + badField},
-        {"field in small letters", "#OUTPUT\n$pos\n", std::string("Zeile 2: \"$pos\"\n\n") + badField},
-        {"field without a name", "#OUTPUT\n$$POS\n", std::string("Zeile 2: \"$$POS\"\n\n") + badField},
-        {"second variables", "#VAR\n#END\n#VAR\n", "Es wurde bereits ein Variablenblock eingelesen!|"},
-        {"no variable", "#VAR\nLINES_PG 50\n",
-         "Zeile 2: \"LINES_PG 50\"\n\nIm Variablenblock dürfen nur gültige Variablennamen\nmit der "
-         "Kennzeichnung '&' aufgeführt sein!|"},
-        {"no value", "#VAR\n&LINES_PG \n",
-         "Zeile 2: \"&LINES_PG \"\nKein Wert für die Variable LINES_PG angegeben!|"},
-        {"value that is no number", "#VAR\n&LINES_PG x5\n",
-         "Zeile 2: \"&LINES_PG x5\"\nKein Wert für die Variable LINES_PG angegeben!|"},
-        {"unknown variable", "#VAR\n&LINES_XX 5\n", "Zeile 2: \"&LINES_XX 5\"\n Unbekannter Variablenname!|"},
+        {"\n#FOO x\n", "Zeile 2: \"#FOO x\"\nUnbekannter oder fehlplazierter Block!"},
+        {"#END", "Zeile 1: \"#END\"\nUnbekannter oder fehlplazierter Block!"},
+        {"#TOP1\na\n#VAR", "Zeile 1: \"#TOP1\"\nDer Block ist nicht mit #END abgeschlossen!"},
+        {"#TOP1\n#END\n#TOP1", "Zeile: 3\nDer Kopf der 1. Seite wurde bereits eingelesen!"},
+        {"#TOPN\n#END\n#TOPN", "Zeile: 3\nDer Kopf der 2. Seite wurde bereits eingelesen!"},
+        {"#BOTTOM\n#END\n#BOTTOM", "Zeile: 3\nDie Fußzeile wurde bereits eingelesen!"},
+        {"#OUTPUT\n#END\n#OUTPUT", secondOutput},
+        {"#OUTPUT\na\n%\nb", secondOutput},
+        {"#OUTPUT\n%e",
+         "Zeile 2: %e\n\nZusätzliche Leerzeilen sind nur nach der Definitionder "
+         "Ausgabezeile gestattet!"},
+        {"#TOP1\n$POS\n#END", "Zeile 2: \"$POS\"" + badField},
+        {"#OUTPUT\na $PAGE_NR\n", "Zeile 2: \"a $PAGE_NR\"" + badField},
+        {"#OUTPUT\n$pos\n", "Zeile 2: \"$pos\"" + badField},
+        {"#OUTPUT\n$$POS\n", "Zeile 2: \"$$POS\"" + badField},
+        {"#VAR\n#END\n#VAR\n", "Es wurde bereits ein Variablenblock eingelesen!"},
+        {"#VAR\nX 5\n",
+         "Zeile 2: \"X 5\"\n\nIm Variablenblock dürfen nur gültige Variablennamen\nmit der "
+         "Kennzeichnung '&' aufgeführt sein!"},
+        {"#VAR\n&X \n", "Zeile 2: \"&X \"\nKein Wert für die Variable X angegeben!"},
+        {"#VAR\n&X a5\n", "Zeile 2: \"&X a5\"\nKein Wert für die Variable X angegeben!"},
+        {"#VAR\n&X 5\n", "Zeile 2: \"&X 5\"\n Unbekannter Variablenname!"},
     };
-    Add(L"1", L"");
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(row.layout);
         m_folder.Write("list.txt", "old");
-        EXPECT_EQ(Export(row.layout), "failed: " + row.want);
+        EXPECT_EQ(Export(row.layout), "failed: " + row.want + "|");
         EXPECT_EQ(m_folder.Read("list.txt"), "");
     }
 }
