@@ -8,6 +8,7 @@
 #include "Output.h"
 #include "Table.h"
 #include "nexo/base/CodeUnits.h"
+#include "nexo/platform/CodePage.h"
 #include "nexo/units/UnitRows.h"
 #include "nexo/units/UnitValueText.h"
 #include "nexo/units/Units.h"
@@ -53,7 +54,7 @@ enUnit GroupOf(enUnit unit) {
 }
 
 enUnit UnitNamed(const std::string& text) {
-    const enUnit unit = moxUnits::getEnumValueByString(CString(text.c_str()));
+    const enUnit unit = moxUnits::getEnumValueByString(platform::WideFromUtf8(text));
     if (unit == eUnitUndefined) throw Failure(Exit::kNo, "no such unit: " + text);
     return unit;
 }
@@ -61,7 +62,7 @@ enUnit UnitNamed(const std::string& text) {
 // A label that several groups share means the unit of the other one's group: K, J.
 void Reconcile(enUnit& unit, const std::string& text, enUnit other) {
     if (GroupOf(unit) == GroupOf(other)) return;
-    const CString label(text.c_str());
+    const CString label = platform::WideFromUtf8(text);
     for (const UnitRow& row : kUnitRows) {
         if (!row.label || GroupOf(row.unit) != GroupOf(other)) continue;
         if (moxUnits::getUnitLabel(row.unit).CompareNoCase(label) == 0 ||
@@ -82,7 +83,7 @@ Exit Convert(const ConvertOptions& options) {
     Reconcile(to, options.to, from);
     Reconcile(from, options.from, to);
     double value = 0;
-    if (!ParseUnitValue(CString(options.value.c_str()).View(), from, value))
+    if (!ParseUnitValue(platform::WideFromUtf8(options.value).View(), from, value))
         throw Failure(Exit::kBroken, "value:1:1: not a number: " + options.value);
     if (from == GroupOf(from) || to == GroupOf(to) || GroupOf(from) != GroupOf(to))
         throw Failure(Exit::kNo, options.from + " and " + options.to + " are no units of one group");
