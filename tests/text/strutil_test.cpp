@@ -170,7 +170,9 @@ TEST(StrUtil, RemovesALineBreakThatIsAlone) {
 
 TEST(SubStr, FieldIntoABuffer) {
     wchar_t buffer[] = L"a\nb:c®&n\nd::e";
-    EXPECT_EQ(substr(L"a:", 2000000000, L':', buffer + 15), 0);
+    wchar_t missing[] = L"x";
+    EXPECT_EQ(substr(L"a:", 2000000000, L':', missing), 0);
+    EXPECT_STREQ(missing, L"");
     EXPECT_EQ(substr(buffer, 2, L':', buffer), 1);
     EXPECT_STREQ(buffer, L"c®&n") << "a line feed ends the field, not the skipping";
     EXPECT_EQ(substr(buffer, 2, L':', buffer), 0);
