@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "nexo/base/Format.h"
 #include "nexo/base/Time.h"
 #include "nexo/diag/ModuleVersion.h"
 #include "support/Fork.h"
@@ -116,9 +117,9 @@ TEST_F(Logger, NamesItsFileAndFolder) {
     const CTime before = CTime::GetCurrentTime();
     ASSERT_EQ(log_.Start(), 1);
     const auto exists = [&](CTime day) {
-        return fs::exists(folder_.Native("Log_" + std::to_string(day.GetYear()) + "." +
-                                         std::to_string(day.GetMonth()) + "." + std::to_string(day.GetDay()) +
-                                         ".csv"));
+        const CString name =
+            nexo::Formatted(L"Log_%d.%d.%d.csv", day.GetYear(), day.GetMonth(), day.GetDay());
+        return fs::exists(folder_.Native(std::string(CStringA(name))));
     };
     EXPECT_TRUE(exists(before) || exists(CTime::GetCurrentTime())) << "midnight may fall between";
     log_.Stop();
@@ -141,28 +142,23 @@ TEST_F(Logger, TellsTheVersionOfARegisteredModule) {
 
 TEST_F(Logger, PurgesOldFilesOnly) {
     using std::chrono::hours;
-    struct Row {
-        const char* name;
-        hours age;
-        bool kept;
-    };
-    const Row rows[] = {{"now.csv", hours(0), true},    {"almost.csv", hours(23), true},
-                        {"day.csv", hours(24), false},  {"Old.CSV", hours(1000), false},
-                        {"old.txt", hours(1000), true}, {"future.csv", hours(-1), true}};
+    const std::tuple<const char*, hours, bool> rows[] = {
+        {"now.csv", hours(0), true},     {"almost.csv", hours(23), true}, {"day.csv", hours(24), false},
+        {"Old.CSV", hours(1000), false}, {"old.txt", hours(1000), true},  {"future.csv", hours(-1), true}};
     ASSERT_EQ(log_.Start(), 1);
     const auto age = [&](const char* name, hours by) {
         fs::last_write_time(folder_.Native(name),
                             fs::file_time_type::clock::now() - by - std::chrono::seconds(1));
     };
-    for (const Row& row : rows) {
-        folder_.Write(row.name, "text");
-        age(row.name, row.age);
+    for (const auto& [name, by, kept] : rows) {
+        folder_.Write(name, "text");
+        age(name, by);
     }
     fs::create_directory(folder_.Native("folder.csv"));
     age("folder.csv", hours(1000));
     age("run.csv", hours(1000));
     log_.PurgeLogFiles(0);
-    for (const Row& row : rows) EXPECT_EQ(fs::exists(folder_.Native(row.name)), row.kept) << row.name;
+    for (const auto& [name, by, kept] : rows) EXPECT_EQ(fs::exists(folder_.Native(name)), kept) << name;
     EXPECT_TRUE(fs::exists(folder_.Native("folder.csv")));
     EXPECT_TRUE(fs::exists(folder_.Native("run.csv"))) << "open";
     log_.PurgeLogFiles(-1);

@@ -63,21 +63,13 @@ TEST(Crc32, FilesGiveTheSameByBothEntries) {
 
 TEST(Crc32, AFileThatCannotBeOpenedGivesTheErrorCodeAndZero) {
     const TemporaryFolder folder;
-    struct Row {
-        const char* name;
-        CString path;
-        unsigned long want;
-    };
-    const Row rows[] = {{"no file", folder.Path("missing"), 2},
-                        {"no folder", folder.Path("missing/file"), 3},
-                        {"a folder", folder.Path(""), 5},
-                        {"no name", L"", 3}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+    const std::pair<CString, unsigned long> rows[] = {
+        {folder.Path("missing"), 2}, {folder.Path("missing/file"), 3}, {folder.Path(""), 5}, {L"", 3}};
+    for (const auto& [path, want] : rows) {
         unsigned long crc = 1;
-        EXPECT_EQ(CCrc32::FileCrc32Win32(row.path, crc), row.want);
+        EXPECT_EQ(CCrc32::FileCrc32Win32(path, crc), want) << path;
         EXPECT_EQ(crc, 0u);
-        EXPECT_EQ(CCrc32::FileCrc32Assembly(row.path, crc), row.want);
+        EXPECT_EQ(CCrc32::FileCrc32Assembly(path, crc), want) << path;
     }
     unsigned long crc = 1;
     EXPECT_EQ(CCrc32::FileCrc32Win32(nullptr, crc), 3u);

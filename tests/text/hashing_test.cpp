@@ -9,11 +9,7 @@
 
 namespace {
 
-struct Row {
-    const char* message;
-    const wchar_t* digest;
-};
-constexpr Row published[] = {
+constexpr std::pair<std::string_view, const wchar_t*> published[] = {
     {"", L"d41d8cd98f00b204e9800998ecf8427e"},
     {"a", L"0cc175b9c0f1b6a831c399e269772661"},
     {"abc", L"900150983cd24fb0d6963f7d28e17f72"},
@@ -34,12 +30,10 @@ CString UnitsOf(std::string_view bytes) {
 
 TEST(Hashing, FilesAndTextsGiveThePublishedDigests) {
     const TemporaryFolder folder;
-    for (const Row& row : published) {
-        SCOPED_TRACE(row.message);
-        const std::string_view message = row.message;
-        EXPECT_EQ(CHashing::md5_file(folder.Write("file", message)), row.digest);
+    for (const auto& [message, digest] : published) {
+        EXPECT_EQ(CHashing::md5_file(folder.Write("file", message)), digest) << message;
         if (message.size() % 2 == 0) {
-            EXPECT_EQ(CHashing::md5(UnitsOf(message)), row.digest);
+            EXPECT_EQ(CHashing::md5(UnitsOf(message)), digest) << message;
         }
     }
 }
