@@ -8,6 +8,7 @@
 #include "nexo/base/Format.h"
 #include "nexo/base/Time.h"
 #include "nexo/diag/ModuleVersion.h"
+#include "nexo/env/DirectoryOps.h"
 #include "nexo/platform/Clock.h"
 #include "nexo/platform/CodePage.h"
 #include "nexo/platform/Error.h"
@@ -103,21 +104,10 @@ std::int64_t WholeDays(std::int64_t ticks) {
 }
 
 /// Whether a log holds the file open, in this process or another.
-bool IsBeingWritten(const CString& file) {
+bool IsBeingWritten(const CFilePath& file) {
     File probe;
     return !probe.Open(file, File::Mode::kAppend, File::Share::kReadOnly) &&
            nexo::platform::LastError() == nexo::platform::kErrorSharingViolation;
-}
-
-CString Joined(const CString& directory, const CString& name) {
-    const bool ended = directory.Right(1).FindOneOf(L"\\/") == 0;
-    return ended ? directory + name : directory + L'\\' + name;
-}
-
-/// A file name up to the dot of its extension.
-CString WithoutExtension(const CString& name) {
-    const int dot = name.ReverseFind(L'.');
-    return dot > name.ReverseFind(L'\\') && dot > name.ReverseFind(L'/') ? name.Left(dot) : name;
 }
 
 }  // namespace
@@ -127,12 +117,12 @@ CLogger& CLogger::GetInstance() {
     return logger;
 }
 
-void CLogger::SetCurrentFile(const CString& file) {
+void CLogger::SetCurrentFile(const CFilePath& file) {
     currentFile_ = Narrow(file.View());
 }
 
-CString CLogger::Directory() const {
-    return directory_.IsEmpty() ? nexo::platform::TemporaryDirectory() : directory_;
+CDirPath CLogger::Directory() const {
+    return directory_.IsEmpty() ? GetTempPathW() : directory_;
 }
 
 int CLogger::Start() {
@@ -142,7 +132,8 @@ int CLogger::Start() {
     if (!nexo::platform::DirectoryExists(directory_) && !nexo::platform::CreateDirectory(directory_) &&
         !nexo::platform::DirectoryExists(directory_))
         return 0;
-    filePath_ = Joined(directory_, WithoutExtension(logName_) + L".csv");
+    filePath_ = directory_.AppendFile(logName_);
+    filePath_.SetFileExt(L"csv");
     return OpenFile() ? 1 : 0;
 }
 
@@ -159,8 +150,8 @@ bool CLogger::OpenAnotherFile() {
     const CString oldName = logName_;
     std::uint32_t tick = nexo::platform::TickCount();
     for (int attempt = 0; attempt < 16; ++attempt, ++tick) {
-        logName_.Format(L"%s_%u.csv", WithoutExtension(oldName), tick);
-        filePath_ = Joined(directory_, logName_);
+        logName_.Format(L"%s_%u.csv", GetShortFileName(oldName), tick);
+        filePath_.SetFileName(logName_);
         if (nexo::platform::FileExists(filePath_))
             continue;  // of a process that started in the same millisecond
         if (file_.Open(filePath_, File::Mode::kAppend, File::Share::kReadOnly) && WriteHeader()) return true;
@@ -222,7 +213,7 @@ void CLogger::ForgetLongLines() {
     if (message_.GetAllocLength() > static_cast<int>(largestKeptBuffer)) message_ = CString();
 }
 
-void CLogger::WriteStartup(const CString& module) {
+void CLogger::WriteStartup(const CFilePath& module) {
     nexo::ModuleVersion version;
     if (nexo::FindModuleVersion(module, version)) {
         Write(L"Start", L"Version %s (%.0f)", version.text, version.build);
@@ -233,13 +224,13 @@ void CLogger::WriteStartup(const CString& module) {
 
 CStringArray CLogger::FindOldLogFiles(int days) const {
     CStringArray files;
-    const CString directory = Directory();
+    const CDirPath directory = Directory();
     const std::int64_t now = nexo::platform::SystemTimeTicks();
     nexo::platform::FileSearch search;
-    for (bool more = search.Open(Joined(directory, L"*.csv")); more; more = search.Next()) {
+    for (bool more = search.Open(directory.AppendFile(L"*.csv")); more; more = search.Next()) {
         nexo::platform::FileInfo info;
         if (search.IsDirectory() || !search.Info(info) || WholeDays(now - info.written) <= days) continue;
-        const CString file = Joined(directory, CString(search.Name()));
+        const CFilePath file = directory.AppendFile(CString(search.Name()));
         if (!IsBeingWritten(file)) files.Add(file);
     }
     return files;

@@ -9,6 +9,7 @@
 #include "nexo/base/Containers.h"
 #include "nexo/base/Export.h"
 #include "nexo/base/FormatArg.h"
+#include "nexo/env/FilePath.h"
 #include "nexo/platform/ByteBuffer.h"
 #include "nexo/platform/File.h"
 
@@ -32,10 +33,10 @@ public:
     void SetLogName(const CString& name) { logName_ = name; }
 
     /// Folder of the log; without one it is the system's temporary folder.
-    void SetLogDir(const CString& directory) { directory_ = directory; }
+    void SetLogDir(const CDirPath& directory) { directory_ = directory; }
 
     /// The document being worked on, which stands in every line from now on.
-    void SetCurrentFile(const CString& file);
+    void SetCurrentFile(const CFilePath& file);
 
     /// Opens the log, behind the lines that an existing file holds. While another process logs to it, a name
     /// with the tick count is taken instead, and kept as the log's name. A missing folder is created (one
@@ -71,7 +72,7 @@ public:
 
     /// Writes the version of a module that was registered (ModuleVersion.h), or that it is missing, in group
     /// "Start".
-    void WriteStartup(const CString& module);
+    void WriteStartup(const CFilePath& module);
 
     /// Deletes the files "*.csv" of the log's folder that were last written more than `days` whole days ago.
     /// Logs that are open for writing, here or elsewhere, stay.
@@ -89,7 +90,7 @@ private:
     CLogger() = default;
     ~CLogger() = default;
 
-    CString Directory() const;
+    CDirPath Directory() const;
     bool OpenFile();
     bool OpenAnotherFile();
     bool WriteHeader();
@@ -99,8 +100,8 @@ private:
     void ForgetLongLines();
 
     CString logName_;
-    CString directory_;
-    CString filePath_;
+    CDirPath directory_;
+    CFilePath filePath_;
     nexo::platform::ByteBuffer currentFile_;  // as the lines show it
     nexo::platform::File file_;
 
