@@ -53,8 +53,7 @@ void SlabPool::Give(void* slot) noexcept {
     *static_cast<void**>(slot) = slab->free;
     slab->free = slot;
     if (full) Link(slab);
-    const bool only = roomy_ == slab && !slab->next;
-    if (--slab->live > 0 || only) return;
+    if (--slab->live > 0) return;
     Unlink(slab);
     GiveSlab(slab);
 }

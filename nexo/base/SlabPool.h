@@ -17,8 +17,9 @@ class SlabPool;
 
 /// A slab cut into slots of one size.
 struct SlotSlab : SlabHeader {
-    static constexpr std::uint32_t kFirstSlot = 192;
-    static constexpr std::uint32_t kMaxPins = 12;
+    static constexpr std::uint32_t kFirstSlot = 320;
+    /// Enough for leaves whose texts are as long as text slabs take them.
+    static constexpr std::uint32_t kMaxPins = 28;
 
     SlabPool* pool;
     SlotSlab* prev;  // among the slabs of single slots that have room
@@ -31,7 +32,6 @@ struct SlotSlab : SlabHeader {
     TextSlab* pins[kMaxPins];
 
     char* End() const noexcept;
-    bool Unpin() noexcept;
 };
 static_assert(sizeof(SlotSlab) <= SlotSlab::kFirstSlot);
 

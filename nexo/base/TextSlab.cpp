@@ -79,6 +79,8 @@ void TextSlabWriter::NextSlab(std::size_t texts) {
 void TextSlabWriter::LeaveSlab() noexcept {
     if (!slab_) return;
     TextSlab* const slab = std::exchange(slab_, nullptr);
+    // The next writer, perhaps on another thread, leaves alone what is read together with the last text here.
+    room_.Skip();
     const bool full = !room_.Has(1);
     slab->used = static_cast<std::uint32_t>(room_.At() - reinterpret_cast<char*>(slab));
     room_ = TextRoom();

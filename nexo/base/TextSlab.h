@@ -39,7 +39,7 @@ public:
     [[nodiscard]] char* At() const noexcept { return at_; }
     /// Whether so many texts of any length fit.
     [[nodiscard]] bool Has(std::size_t texts) const noexcept {
-        return static_cast<std::size_t>(end_ - at_) >= texts * kPerText;
+        return end_ - at_ >= static_cast<std::ptrdiff_t>(texts * kPerText);
     }
     /// Where the next text goes.
     [[nodiscard]] wchar_t* Text() const noexcept {
@@ -53,6 +53,9 @@ public:
         at_ += sizeof(StringHeader) + (length + 1) * sizeof(wchar_t);
         return header;
     }
+
+    /// Passes over the scratch space behind the last text.
+    void Skip() noexcept { at_ += kScratch * sizeof(wchar_t); }
 
 private:
     static constexpr std::size_t kPerText =

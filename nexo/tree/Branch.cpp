@@ -64,11 +64,6 @@ void CopyDetached(const CNode& from, CNode& to) {
     maker.MadeBelow(&to);
 }
 
-bool IsWithin(const CNode* node, const CNode* top) {
-    while (node && node != top) node = ItemAccess::Owner(node);
-    return node == top;
-}
-
 }  // namespace
 
 void CopyBranch(const CNode& from, CNode& to) {

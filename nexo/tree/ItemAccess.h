@@ -157,6 +157,12 @@ inline CLeaf* NextLeaf(const CLeaf* leaf) noexcept {
     return AsLeaf(Next(leaf));
 }
 
+/// Whether `node` is `top` or lies below it.
+inline bool IsWithin(const CNode* node, const CNode* top) noexcept {
+    while (node && node != top) node = ItemAccess::Owner(node);
+    return node == top;
+}
+
 /// Whether an object is of exactly this class, so that its virtual operations are the known ones.
 inline bool IsPlain(const CNode* node) noexcept {
     return &typeid(*node) == &typeid(CNode);
@@ -177,7 +183,7 @@ void Unlink(ItemList& list, CTreeItem* item) noexcept;
 void Exchange(CNode* owner, ItemList& list, CTreeItem* a, CTreeItem* b);
 /// Empties the list without touching its items; what they say about their owner is out of date then.
 void Forget(ItemList& list) noexcept;
-CTreeItem* Find(const CNode* owner, const ItemList& list, const wchar_t* name, const CTreeItem* after,
+CTreeItem* Find(const CNode* owner, const ItemList& list, std::wstring_view name, const CTreeItem* after,
                 bool noCase);
 CTreeItem* At(const CNode* owner, const ItemList& list, unsigned int index);
 POSITION PositionOf(const ItemList& list, const CTreeItem* item) noexcept;

@@ -124,14 +124,13 @@ void Forget(ItemList& list) noexcept {
     list = ItemList();
 }
 
-CTreeItem* Find(const CNode* owner, const ItemList& list, const wchar_t* name, const CTreeItem* after,
+CTreeItem* Find(const CNode* owner, const ItemList& list, std::wstring_view name, const CTreeItem* after,
                 bool noCase) {
     if (after && ItemAccess::Owner(after) != owner) return nullptr;
-    const std::wstring_view units = name ? std::wstring_view(name) : std::wstring_view();
-    CTreeItem* const found = FindUnits(owner, list, units, after, noCase);
-    if (found || !NeedsSplit(units.data(), units.size())) return found;
+    CTreeItem* const found = FindUnits(owner, list, name, after, noCase);
+    if (found || !NeedsSplit(name.data(), name.size())) return found;
     // Names are kept in code units; the one asked for holds whole code points, as literals do.
-    return FindUnits(owner, list, CString(units).View(), after, noCase);
+    return FindUnits(owner, list, CString(name).View(), after, noCase);
 }
 
 CTreeItem* At(const CNode* owner, const ItemList& list, unsigned int index) {

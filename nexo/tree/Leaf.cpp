@@ -319,7 +319,7 @@ bool CLeaf::SetStrLeafValue(int index, const wchar_t* value, wchar_t separator) 
     CMoxSubStr builder;
     builder.AddInit(L':');
     nexo::RecordReader reader(value_.GetString(), separator);
-    bool more = reader.BeginsWithField();
+    bool more = !reader.AtRecordEnd();
     for (int i = 1; more || i <= index || i == 1; ++i) {
         std::wstring_view field;
         more = more && reader.Next(field) && !reader.AtLineBreak();

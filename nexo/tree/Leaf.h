@@ -10,6 +10,7 @@
 /// record format of nexo/text/Record.h, which escapes separators and line ends. Reading and building values
 /// step by step (Init..., ...First..., ...Next..., ...Last..., Exit...) goes through the one reader and the
 /// one builder of moxSubStrUtil, shared by all leaves: what is begun on one leaf may be finished on another.
+/// With these, values of all trees together are for one thread at a time.
 class NEXO_API CLeaf : public CTreeItem {
 public:
     /// With `raw` the value is kept as it stands, otherwise it is escaped as a single sub-value. Null and ""

@@ -1,8 +1,9 @@
 #include "nexo/tree/Node.h"
 
+#include <algorithm>
 #include <cassert>
+#include <string_view>
 
-#include "nexo/text/RecordReader.h"
 #include "nexo/tree/ItemAccess.h"
 
 using nexo::tree::ItemAccess;
@@ -12,15 +13,9 @@ namespace {
 
 constexpr wchar_t kPathSeparator = L'\\';
 
-/// Whether `node` is `top` or lies below it.
-[[maybe_unused]] bool IsWithin(const CNode* node, const CNode* top) {
-    while (node && node != top) node = ItemAccess::Owner(node);
-    return node == top;
-}
-
 /// Only a node that has children can contain another one.
 [[maybe_unused]] bool MayTake(const CNode* owner, const CNode* child) {
-    return owner != child && (child->NrOfChildren() == 0 || !IsWithin(owner, child));
+    return owner != child && (child->NrOfChildren() == 0 || !nexo::tree::IsWithin(owner, child));
 }
 [[maybe_unused]] bool MayTake(const CNode*, const CLeaf*) {
     return true;
@@ -85,40 +80,14 @@ void Exchange(CNode* node, Item* a, Item* b) {
     }
 }
 
+std::wstring_view ViewOf(const wchar_t* name) {
+    return name ? std::wstring_view(name) : std::wstring_view();
+}
+
 template <class Item>
-Item* FindNamed(const CNode* node, const wchar_t* name, const Item* after, bool noCase) {
+Item* FindNamed(const CNode* node, std::wstring_view name, const Item* after, bool noCase) {
     const ItemList& list = ItemAccess::ListOf(node, after);
     return static_cast<Item*>(nexo::tree::Find(node, list, name, after, noCase));
-}
-
-// Walks
-
-template <class Item>
-Item* StepOn(const ItemList& list, POSITION& position) {
-    CTreeItem* const item = nexo::tree::ItemAt(list, position);
-    if (!item) return nullptr;
-    position = nexo::tree::PositionOf(list, nexo::tree::Next(item));
-    return static_cast<Item*>(item);
-}
-
-template <class Item>
-Item* First(const ItemList& list) {
-    list.cursor = nexo::tree::PositionOf(list, list.first);
-    return StepOn<Item>(list, list.cursor);
-}
-
-template <class Item>
-Item* StepOnAt(const ItemList& list, POSITION& position) {
-    list.cursor = position;
-    return StepOn<Item>(list, position);
-}
-
-template <class Item>
-Item* StepBackAt(const ItemList& list, POSITION& position) {
-    list.cursor = position;
-    CTreeItem* const item = nexo::tree::ItemAt(list, position);
-    if (item) position = nexo::tree::PositionOf(list, ItemAccess::Prev(item));
-    return static_cast<Item*>(item);
 }
 
 }  // namespace
@@ -136,7 +105,7 @@ CNode::~CNode() {
 
 CNode& CNode::operator=(const CNode& other) {
     const CString name = other.GetName();
-    const bool vanishes = IsWithin(&other, this);
+    const bool vanishes = nexo::tree::IsWithin(&other, this);
     DeleteAllChildren();
     DeleteAllLeaves();
     ItemAccess::Rename(this, name);
@@ -225,19 +194,19 @@ void CNode::ExchangeLeaves(CLeaf* a, CLeaf* b) {
 // Finding
 
 CNode* CNode::FindChild(const wchar_t* name, const CNode* after, bool noCase) {
-    return FindNamed(this, name, after, noCase);
+    return FindNamed(this, ViewOf(name), after, noCase);
 }
 
 const CNode* CNode::FindChild(const wchar_t* name, const CNode* after, bool noCase) const {
-    return FindNamed(this, name, after, noCase);
+    return FindNamed(this, ViewOf(name), after, noCase);
 }
 
 CLeaf* CNode::FindLeaf(const wchar_t* name, const CLeaf* after, bool noCase) {
-    return FindNamed(this, name, after, noCase);
+    return FindNamed(this, ViewOf(name), after, noCase);
 }
 
 const CLeaf* CNode::FindLeaf(const wchar_t* name, const CLeaf* after, bool noCase) const {
-    return FindNamed(this, name, after, noCase);
+    return FindNamed(this, ViewOf(name), after, noCase);
 }
 
 CNode* CNode::FindChildByAttributeValue(const wchar_t* childName, const wchar_t* leafName,
@@ -279,15 +248,14 @@ const CLeaf* CNode::GetLeaf(unsigned int index) const {
 CNode* CNode::GetChild(const wchar_t* path, bool create, bool noCase) {
     CNode* result = nullptr;
     CNode* current = this;
-    for (const wchar_t* rest = path ? path : L""; *rest && *rest != kPathSeparator;) {
-        const wchar_t* end = rest;
-        while (*end && *end != kPathSeparator) ++end;
-        const CString part(rest, static_cast<int>(end - rest));
-        CNode* child = current->FindChild(part, nullptr, noCase);
-        if (!child && !create) return nullptr;
-        if (!child) child = current->AddChild(part);
-        result = current = child;
-        rest = *end ? end + 1 : end;
+    std::wstring_view rest = ViewOf(path);
+    while (!rest.empty() && rest.front() != kPathSeparator) {
+        const std::wstring_view part = rest.substr(0, rest.find(kPathSeparator));
+        rest.remove_prefix(std::min(part.size() + 1, rest.size()));
+        result = FindNamed<CNode>(current, part, nullptr, noCase);
+        if (!result && !create) return nullptr;
+        if (!result) result = current->AddChild(CString(part));
+        current = result;
     }
     return result;
 }
@@ -321,92 +289,4 @@ int CNode::IsChildOf(const CNode* parent, const CNode* item, int deep) {
         child = node->GetNextChild();
     }
     return 1;
-}
-
-// Walking
-
-CNode* CNode::GetFirstChild() {
-    return First<CNode>(children_);
-}
-CNode* CNode::GetNextChild() {
-    return StepOn<CNode>(children_, children_.cursor);
-}
-CNode* CNode::GetLastChild() noexcept {
-    return nexo::tree::AsNode(children_.last);
-}
-const CNode* CNode::GetFirstChild() const {
-    return First<CNode>(children_);
-}
-const CNode* CNode::GetNextChild() const {
-    return StepOn<CNode>(children_, children_.cursor);
-}
-const CNode* CNode::GetLastChild() const noexcept {
-    return nexo::tree::AsNode(children_.last);
-}
-
-CLeaf* CNode::GetFirstLeaf() {
-    return First<CLeaf>(leaves_);
-}
-CLeaf* CNode::GetNextLeaf() {
-    return StepOn<CLeaf>(leaves_, leaves_.cursor);
-}
-CLeaf* CNode::GetLastLeaf() noexcept {
-    return nexo::tree::AsLeaf(leaves_.last);
-}
-const CLeaf* CNode::GetFirstLeaf() const {
-    return First<CLeaf>(leaves_);
-}
-const CLeaf* CNode::GetNextLeaf() const {
-    return StepOn<CLeaf>(leaves_, leaves_.cursor);
-}
-const CLeaf* CNode::GetLastLeaf() const noexcept {
-    return nexo::tree::AsLeaf(leaves_.last);
-}
-
-POSITION CNode::GetFirstChildPos() const {
-    return children_.cursor = nexo::tree::PositionOf(children_, children_.first);
-}
-POSITION CNode::GetLastChildPos() const {
-    return nexo::tree::PositionOf(children_, children_.last);
-}
-CNode* CNode::GetNextChild(POSITION& position) {
-    return StepOnAt<CNode>(children_, position);
-}
-CNode* CNode::GetPrevChild(POSITION& position) {
-    return StepBackAt<CNode>(children_, position);
-}
-const CNode* CNode::GetNextChild(POSITION& position) const {
-    return StepOnAt<CNode>(children_, position);
-}
-const CNode* CNode::GetPrevChild(POSITION& position) const {
-    return StepBackAt<CNode>(children_, position);
-}
-
-POSITION CNode::GetChildPos(const CNode* child) const {
-    return Lists(this, child) ? nexo::tree::PositionOf(children_, child) : nullptr;
-}
-POSITION CNode::GetChildPosNextTo(const CNode* child) const {
-    return Lists(this, child) ? nexo::tree::PositionOf(children_, nexo::tree::Next(child)) : nullptr;
-}
-POSITION CNode::GetChildPosPrevTo(const CNode* child) const {
-    return Lists(this, child) ? nexo::tree::PositionOf(children_, ItemAccess::Prev(child)) : nullptr;
-}
-
-POSITION CNode::GetFirstLeafPos() const {
-    return leaves_.cursor = nexo::tree::PositionOf(leaves_, leaves_.first);
-}
-POSITION CNode::GetLastLeafPos() const {
-    return nexo::tree::PositionOf(leaves_, leaves_.last);
-}
-CLeaf* CNode::GetNextLeaf(POSITION& position) {
-    return StepOnAt<CLeaf>(leaves_, position);
-}
-CLeaf* CNode::GetPrevLeaf(POSITION& position) {
-    return StepBackAt<CLeaf>(leaves_, position);
-}
-const CLeaf* CNode::GetNextLeaf(POSITION& position) const {
-    return StepOnAt<CLeaf>(leaves_, position);
-}
-const CLeaf* CNode::GetPrevLeaf(POSITION& position) const {
-    return StepBackAt<CLeaf>(leaves_, position);
 }

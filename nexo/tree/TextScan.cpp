@@ -19,8 +19,8 @@ KnownText LookAheadPlain(const wchar_t* text, std::size_t limit) noexcept {
 #ifdef __x86_64__
 
 /// Reads whole vectors at their own alignment, which cannot leave the page that the terminator is in.
-__attribute__((target("avx2"), no_sanitize("thread"))) KnownText LookAheadAvx2(const wchar_t* text,
-                                                                               std::size_t limit) noexcept {
+__attribute__((target("avx2"), no_sanitize("address", "thread"))) KnownText LookAheadAvx2(
+    const wchar_t* text, std::size_t limit) noexcept {
     constexpr std::size_t kUnits = sizeof(__m256i) / sizeof(wchar_t);
     const std::size_t misaligned = reinterpret_cast<std::uintptr_t>(text) / sizeof(wchar_t) % kUnits;
     const std::size_t head = misaligned == 0 ? 0 : kUnits - misaligned;

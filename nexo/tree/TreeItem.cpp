@@ -69,6 +69,14 @@ void* CTreeItem::operator new(std::size_t size) {
     return pool ? pool->Take() : ::operator new(size);
 }
 
+void* CTreeItem::operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void CTreeItem::operator delete(void* item, std::size_t size) noexcept {
     nexo::SlabPool* const pool = nexo::tree::PoolFor(size);
     if (pool) return pool->Give(item);

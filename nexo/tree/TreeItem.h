@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <new>
 
 #include "nexo/base/CString.h"
 #include "nexo/base/Export.h"
@@ -87,6 +88,7 @@ public:
     [[nodiscard]] static CTreeItem* ReadFromClipBoard(wchar_t separator = L':');
 
     static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     static void* operator new(std::size_t, void* place) noexcept { return place; }
     static void operator delete(void* item, std::size_t size) noexcept;
     static void operator delete(void*, void*) noexcept {}

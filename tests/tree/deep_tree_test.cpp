@@ -1,5 +1,6 @@
 // A tree of a million levels on a small stack, and trees on many threads.
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <pthread.h>
 
 #include <functional>
@@ -7,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "nexo/base/SlabStore.h"
 #include "nexo/platform/DebugOutput.h"
 #include "nexo/tree/TreeItems.h"
 #include "support/DebugText.h"
@@ -65,14 +67,38 @@ TEST(DeepTree, AngleStyleAndTreesBuiltByHand) {
         EXPECT_EQ(TextOf(*Parse(text.c_str())).View().size(), text.size());
         CNode top(L"top");
         CNode* node = &top;
-        for (int i = 0; i < kDepth; ++i) {
-            node = node->AddChild(L"n");
-            node->AddLeaf(L"l", L"v");
-        }
+        for (int i = 0; i < kDepth; ++i) node = node->AddChild(L"n");
         EXPECT_EQ(CNode::IsChildOf(&top, node, 1), 1);
-        const CNode copy(top);
-        EXPECT_EQ(copy.GetSizeOfBranch(-1), top.GetSizeOfBranch(-1));
+        EXPECT_EQ(CNode(top).GetSizeOfBranch(-1), top.GetSizeOfBranch(-1));
     });
+}
+
+TEST(TreeMemory, IsGivenBack) {
+    const auto allocated = [] {
+        nexo::FreeSpareSlabs();
+        const struct mallinfo2 info = mallinfo2();
+        return info.uordblks + info.hblkhd;
+    };
+    if (!nexo::kSlabsEnabled || allocated() == 0) GTEST_SKIP() << "a sanitizer manages the memory";
+    std::wstring text = L"[top]\r\n";
+    for (int i = 0; i < 20000; ++i)
+        text += L"[row]\r\na:value\r\nb:" + std::to_wstring(i) + L"\r\n[ENDE_row]\r\n";
+    text += L"[ENDE_top]\r\n";
+    const std::size_t before = allocated();
+    for (int changes = 0; changes < 6; ++changes) {
+        SCOPED_TRACE(changes);
+        auto node = Parse(text.c_str());
+        CNode* const row = node->GetChild(10000U);
+        if (changes == 1) row->GetLeaf(0U)->SetRawData(CString(L'x', 2000000));
+        if (changes == 2) row->SetName(CString(L'x', 2000000));
+        if (changes == 3) row->AddChild(L"new")->AddLeaf(L"x", CString(L'x', 2000000), true);
+        if (changes == 4) row->FindLeaf(L"a")->SetName(CString(L'x', 2000000));
+        if (changes == 5) *row = *node->GetChild(1U), *node->GetChild(2U) = CNode(*node);
+        const auto copy = std::make_unique<CNode>(*node);
+        node.reset();
+        EXPECT_GT(allocated(), before + 5000000);
+    }
+    EXPECT_LT(allocated(), before + 500000);
 }
 
 TEST(TreeDump, ListsTheBranch) {

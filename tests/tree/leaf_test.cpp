@@ -174,6 +174,7 @@ TEST(Leaf, ReplacesOneValue) {
         {"empty value, zero", L"", 0, L':', L""},
         {"empty last field", L"1:2:", 1, L':', L"x:2:"},
         {"line break ends it", L"1:2\n3:4", 1, L':', L"x:2"},
+        {"lone CR at the start is none", L"\r:2", 2, L':', L"&r:x"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
